@@ -1,0 +1,25 @@
+// Who the process runs for, as far as a home directory goes.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace orvel {
+
+struct Account {
+    /// Absent when the record has no home-directory field.
+    std::optional<std::string> homeDirectory;
+};
+
+class Accounts {
+public:
+    virtual ~Accounts() = default;
+
+    /// The user database's record of the process's real user id; absent when there is none.
+    virtual std::optional<Account> current() const = 0;
+
+    /// The process's home directory as its surroundings report it. Never empty.
+    virtual std::string processHomeDirectory() const = 0;
+};
+
+}  // namespace orvel

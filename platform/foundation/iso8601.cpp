@@ -1,0 +1,122 @@
+#include "platform/foundation/iso8601.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <system_error>
+
+namespace orvel::iso8601 {
+namespace {
+
+using namespace std::chrono;
+
+// Reads the fields of a text from left to right; once something doesn't match, nothing later does.
+class Fields {
+public:
+    explicit Fields(std::string_view text) : rest_(text) {}
+
+    int digits(std::size_t count, int most) {
+        int value = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            const char c = take();
+            if (c < '0' || c > '9') matches_ = false;
+            value = value * 10 + (c - '0');
+        }
+        if (value > most) matches_ = false;
+        return matches_ ? value : 0;
+    }
+    void literal(char expected) {
+        if (take() != expected) matches_ = false;
+    }
+    char take() {
+        if (rest_.empty()) {
+            matches_ = false;
+            return '\0';
+        }
+        const char c = rest_.front();
+        rest_.remove_prefix(1);
+        return c;
+    }
+    // ".25" as 0.25, or 0 where no point follows.
+    double fraction() {
+        if (!rest_.starts_with('.')) return 0;
+        const std::size_t length = std::min(rest_.find_first_not_of("0123456789", 1), rest_.size());
+        double value = 0;
+        if (length < 2 || std::from_chars(rest_.data(), rest_.data() + length, value).ec != std::errc{}) fail();
+        rest_.remove_prefix(length);
+        return value;
+    }
+    void fail() { matches_ = false; }
+    bool matchedAll() const { return matches_ && rest_.empty(); }
+
+private:
+    std::string_view rest_;
+    bool matches_ = true;
+};
+
+year_month_day dateFields(Fields& fields) {
+    const int y = fields.digits(4, 9999);
+    fields.literal('-');
+    const int m = fields.digits(2, 12);
+    fields.literal('-');
+    const int d = fields.digits(2, 31);
+    const year_month_day day{year{y}, month{static_cast<unsigned>(m)}, std::chrono::day{static_cast<unsigned>(d)}};
+    if (!day.ok()) fields.fail();
+    return day;
+}
+
+seconds timeFields(Fields& fields) {
+    const hours h{fields.digits(2, 23)};
+    fields.literal(':');
+    const minutes m{fields.digits(2, 59)};
+    fields.literal(':');
+    const seconds s{fields.digits(2, 60)};
+    return h + m + s;
+}
+
+seconds offsetFields(Fields& fields) {
+    const char sign = fields.take();
+    if (sign == 'Z') return {};
+    if (sign != '+' && sign != '-') fields.fail();
+    const hours h{fields.digits(2, 23)};
+    fields.literal(':');
+    const minutes m{fields.digits(2, 59)};
+    return sign == '-' ? -(h + m) : h + m;
+}
+
+}  // namespace
+
+std::optional<Date> dateTime(std::string_view text, Fraction fraction) {
+    Fields fields(text);
+    const year_month_day day = dateFields(fields);
+    fields.literal('T');
+    const seconds time = timeFields(fields);
+    const double part = fraction == Fraction::allowed ? fields.fraction() : 0;
+    const seconds offset = offsetFields(fields);
+    if (!fields.matchedAll()) return std::nullopt;
+    const sys_seconds instant = sys_days{day} + time - offset;
+    return Date::fromUnixTime(static_cast<double>(instant.time_since_epoch().count())).addingTimeInterval(part);
+}
+
+std::optional<year_month_day> fullDate(std::string_view text) {
+    Fields fields(text);
+    const year_month_day day = dateFields(fields);
+    if (!fields.matchedAll()) return std::nullopt;
+    return day;
+}
+
+std::string format(Date date) {
+    const sys_seconds instant{seconds{static_cast<long long>(std::floor(date.unixTime()))}};
+    const sys_days midnight = floor<days>(instant);
+    const year_month_day day{midnight};
+    const hh_mm_ss time{instant - midnight};
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(day.year()),
+                  static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
+                  static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
+                  static_cast<int>(time.seconds().count()));
+    return text;
+}
+
+}  // namespace orvel::iso8601

@@ -1,0 +1,60 @@
+// Reading JSON (RFC 8259) in one pass over its bytes, without a tree in memory. A text is judged whole: members that
+// nobody asks for are checked like the others. Numbers of any length are read, correctly rounded; one beyond the range
+// of a double makes the text invalid. A leading UTF-8 byte-order mark is passed over. Nesting is limited to 512 levels.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/foundation/function_ref.h"
+
+namespace orvel::json {
+
+enum class Kind { null, boolean, number, string, array, object };
+
+/// Where and why a text is not JSON. The offset counts bytes from the start, a byte-order mark included.
+struct SyntaxFailure {
+    std::string reason;
+    std::size_t offset;
+};
+
+struct Pass;
+
+/// One value, valid only inside the callback that it is passed to, and to be taken at most once. What isn't taken is
+/// checked and passed over. An operation that doesn't suit the kind, or meets bad syntax, yields nothing.
+class Value {
+public:
+    Kind kind() const { return kind_; }
+
+    /// Bytes from the start of the text to this value.
+    std::size_t offset() const { return offset_; }
+
+    std::optional<double> number();
+    std::optional<bool> boolean();
+    /// The unescaped text; the view lasts as long as the callback of the whole document.
+    std::optional<std::string_view> string();
+
+    /// Visits every element; false when `visit` returned false or the syntax is bad. Both end the whole pass.
+    bool elements(FunctionRef<bool(Value&)> visit);
+    /// Visits every member in file order, repeated names included; otherwise like `elements`.
+    bool members(FunctionRef<bool(std::string_view name, Value&)> visit);
+
+private:
+    friend struct Pass;
+    Value(void* source, Pass& pass, Kind kind, std::size_t offset)
+        : source_(source), pass_(&pass), kind_(kind), offset_(offset) {}
+
+    void* source_;
+    Pass* pass_;
+    Kind kind_;
+    std::size_t offset_;
+    bool taken_ = false;
+};
+
+/// Passes the document's one value to `visit`. Absent when the text is valid JSON, or when `visit` (or a visitor below
+/// it) returned false before anything wrong was met; the visitor then knows the reason.
+std::optional<SyntaxFailure> read(std::string text, FunctionRef<bool(Value&)> visit);
+
+}  // namespace orvel::json

@@ -1,0 +1,24 @@
+// What the system takes from the machine, in one bundle of interfaces. Operations take it as their last, defaulted
+// argument, so that a test or a fixed clock can stand in. Nothing here is mutable, and any thread may use it.
+#pragma once
+
+#include "platform/foundation/accounts.h"
+#include "platform/foundation/clock.h"
+#include "platform/foundation/files.h"
+#include "platform/foundation/identity.h"
+#include "platform/foundation/time_zone.h"
+
+namespace orvel {
+
+struct Platform {
+    const Clock& clock;
+    Files& files;
+    const Accounts& accounts;
+    const TimeZone& timeZone;
+    const IdentitySource& identities;
+
+    /// The machine this process runs on. The local time zone is read anew at each use.
+    static const Platform& system();
+};
+
+}  // namespace orvel

@@ -1,0 +1,16 @@
+// The file system of a POSIX machine.
+#pragma once
+
+#include "platform/foundation/files.h"
+
+namespace orvel {
+
+class PosixFiles final : public Files {
+public:
+    Result<std::string, FileFailure> read(const std::filesystem::path& path) override;
+    Result<Done, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes) override;
+    Result<Done, FileFailure> remove(const std::filesystem::path& path) override;
+    Result<Done, FileFailure> createFolders(const std::filesystem::path& path) override;
+};
+
+}  // namespace orvel

@@ -1,0 +1,25 @@
+// Text as people see it: case, canonical equivalence and user-perceived characters, by the Unicode standard's locale-
+// independent rules. All texts are UTF-8.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvel::unicode {
+
+bool isValid(std::string_view text);
+
+/// Full upper-case mapping (UnicodeData and the unconditional lines of SpecialCasing): "ß" becomes "SS". Text that is
+/// not valid UTF-8 is returned unchanged.
+std::string uppercased(std::string_view text);
+
+/// Canonical equivalence (UAX #15). Texts that are not valid UTF-8 are equivalent only when their bytes are equal.
+bool canonicallyEquivalent(std::string_view a, std::string_view b);
+
+/// The text's first `count` extended grapheme clusters (UAX #29), or all of it when it has fewer.
+std::string_view prefix(std::string_view text, std::size_t count);
+
+/// Without the code points of general category Zs and the tabs at both ends. Line breaks stay.
+std::string_view trimmingWhitespace(std::string_view text);
+
+}  // namespace orvel::unicode
