@@ -1,0 +1,31 @@
+#include "platform/ui/gettext_localizer.h"
+
+#include <libintl.h>
+
+#include <system_error>
+
+namespace orvel {
+namespace {
+
+constexpr const char* domain = "orvel";
+
+}  // namespace
+
+GettextLocalizer::GettextLocalizer(const std::filesystem::path& directory) {
+    ::bindtextdomain(domain, directory.c_str());
+    ::bind_textdomain_codeset(domain, "UTF-8");
+}
+
+std::string GettextLocalizer::lookUp(std::string_view key) const {
+    if (key.empty()) return {};  // a catalogue keeps its header there
+    return ::dgettext(domain, std::string(key).c_str());
+}
+
+std::filesystem::path GettextLocalizer::installedDirectory() {
+    std::error_code code;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", code);
+    if (code) return "/usr/share/locale";
+    return program.parent_path().parent_path() / "share/locale";
+}
+
+}  // namespace orvel

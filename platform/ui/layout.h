@@ -1,0 +1,63 @@
+// From a view tree and an offer to boxes: every view chooses its size, its parent places it. Rules as on the desktop
+// this vocabulary comes from: stacks serve priority groups, spacers come last, frames propose and report.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/ui/text_fit.h"
+#include "platform/ui/view.h"
+
+namespace orvel {
+
+/// What a layout needs from outside the tree.
+struct LayoutContext {
+    TextEngine& text;
+    const Localizer& localizer;
+};
+
+struct PlacedText {
+    FittedText fitted;
+    Font font;  ///< before scaling
+    Color color;
+};
+
+struct PlacedSymbol {
+    std::string name;
+    Color color;
+};
+
+struct PlacedCircle {
+    double trimFrom;
+    double trimTo;
+    std::optional<StrokeStyle> stroke;  ///< absent: filled
+    Color color;
+};
+
+/// A view with its size and its parts.
+struct Placed {
+    Point origin = {};  ///< in the parent's coordinates; outside the parent's box where this is larger
+    Size size = {};
+    std::variant<std::monostate, PlacedText, PlacedSymbol, PlacedCircle> content = {};
+    std::optional<node::Rotation> rotation = {};
+    std::vector<Placed> parts;
+};
+
+/// The gap between two neighbours of a stack without spacing; there is none beside a spacer.
+inline constexpr double defaultSpacing = 8;
+/// A spacer's length when none is given.
+inline constexpr double defaultSpacerLength = 8;
+/// A shape's side where none is proposed.
+inline constexpr double defaultShapeLength = 10;
+
+/// The primary to quaternary levels of the default style in dark appearance: white at these opacities.
+double opacity(HierarchicalShapeStyle level);
+
+Placed layOut(const View& view, const ProposedSize& proposal, const LayoutContext& context);
+
+/// Where a box of that size lies in a container, as its top left corner.
+Point aligned(Size box, Size container, Alignment alignment);
+
+}  // namespace orvel

@@ -1,0 +1,172 @@
+#include "platform/ui/scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <utility>
+
+namespace orvel {
+namespace {
+
+std::optional<Color> containerBackground(const View& view) {
+    return std::visit(
+        []<class N>(const N& n) -> std::optional<Color> {
+            if constexpr (std::is_same_v<N, node::Modified<node::ContainerBackground>>)
+                return n.arguments.color;
+            else if constexpr (requires { n.content.node(); })
+                return containerBackground(n.content);
+            else
+                return std::nullopt;
+        },
+        view.node().alternatives());
+}
+
+Point turned(Point point, Point about, double degrees) {
+    const double radians = degrees * std::numbers::pi / 180;
+    const double x = point.x - about.x;
+    const double y = point.y - about.y;
+    return {about.x + x * std::cos(radians) - y * std::sin(radians),
+            about.y + x * std::sin(radians) + y * std::cos(radians)};
+}
+
+void turn(Mark& mark, Point about, double degrees) {
+    const Point from = mark.frame.center();
+    // A mark that turns about its own centre stays exactly where it is.
+    if (from != about) {
+        const Point to = turned(from, about, degrees);
+        mark.frame.origin.x += to.x - from.x;
+        mark.frame.origin.y += to.y - from.y;
+        if (auto* text = std::get_if<TextMark>(&mark.content)) text->baseline += to.y - from.y;
+    }
+    if (auto* arc = std::get_if<ArcMark>(&mark.content))
+        arc->startDegrees += degrees;
+    else
+        mark.rotationDegrees += degrees;
+}
+
+class SceneBuilder {
+public:
+    explicit SceneBuilder(FunctionRef<bool(std::string_view)> drawsSymbol) : drawsSymbol_(drawsSymbol) {}
+
+    void add(const Placed& placed, Point origin) {
+        const std::size_t first = marks.size();
+        std::visit([&](const auto& content) { add(content, Rect{origin, placed.size}); }, placed.content);
+        for (const Placed& part : placed.parts) add(part, {origin.x + part.origin.x, origin.y + part.origin.y});
+
+        if (!placed.rotation) return;
+        const UnitPoint anchor = placed.rotation->anchor;
+        const Point about{origin.x + anchor.x * placed.size.width, origin.y + anchor.y * placed.size.height};
+        std::for_each(marks.begin() + static_cast<std::ptrdiff_t>(first), marks.end(),
+                      [&](Mark& mark) { turn(mark, about, placed.rotation->angle.degrees); });
+    }
+
+    std::vector<Mark> marks;
+
+private:
+    void add(std::monostate, Rect) {}
+
+    void add(const PlacedText& text, Rect frame) {
+        const FittedText& fitted = text.fitted;
+        if (fitted.block.text.empty()) return;
+        marks.push_back({frame, 0,
+                         TextMark{.text = fitted.block.text,
+                                  .font = {text.font.size * fitted.scale, text.font.weight},
+                                  .color = text.color,
+                                  .baseline = frame.origin.y + fitted.baseline,
+                                  .lineHeight = fitted.lineHeight,
+                                  .lines = fitted.block.lines,
+                                  .scale = fitted.scale,
+                                  .shaped = fitted.block.shaped}});
+    }
+
+    void add(const PlacedSymbol& symbol, Rect frame) {
+        if (drawsSymbol_(symbol.name)) marks.push_back({frame, 0, SymbolMark{symbol.name, symbol.color}});
+    }
+
+    void add(const PlacedCircle& circle, Rect box) {
+        const double side = std::min(box.size.width, box.size.height);
+        const Point center = box.center();
+        const Rect frame{{center.x - side / 2, center.y - side / 2}, {side, side}};
+        if (!circle.stroke) {
+            marks.push_back({frame, 0, CircleMark{circle.color}});
+            return;
+        }
+        // Not-a-number counts as 0.
+        const double from = circle.trimFrom > 0 ? std::min(circle.trimFrom, 1.0) : 0;
+        const double to = circle.trimTo > 0 ? std::min(circle.trimTo, 1.0) : 0;
+        if (from < to) marks.push_back({frame, 0, ArcMark{from, to, 0, *circle.stroke, circle.color}});
+    }
+
+    FunctionRef<bool(std::string_view)> drawsSymbol_;
+};
+
+void write(json::Writer& writer, const TextMark& text) {
+    writer.key("text").string(text.text);
+    writer.key("font").beginObject();
+    writer.key("size").number(text.font.size).key("weight").integer(static_cast<int>(text.font.weight));
+    writer.endObject();
+    writer.key("color").string(hexText(text.color));
+    writer.key("baseline").number(text.baseline).key("lines").integer(text.lines);
+}
+
+void write(json::Writer& writer, const SymbolMark& symbol) {
+    writer.key("name").string(symbol.name).key("color").string(hexText(symbol.color));
+}
+
+void write(json::Writer& writer, const CircleMark& circle) {
+    writer.key("color").string(hexText(circle.color));
+}
+
+void write(json::Writer& writer, const ArcMark& arc) {
+    writer.key("from").number(arc.from).key("to").number(arc.to).key("start").number(arc.startDegrees);
+    writer.key("width").number(arc.stroke.lineWidth).key("cap").string(name(arc.stroke.lineCap));
+    writer.key("color").string(hexText(arc.color));
+}
+
+constexpr const char* nameOf(const TextMark&) {
+    return "text";
+}
+constexpr const char* nameOf(const SymbolMark&) {
+    return "symbol";
+}
+constexpr const char* nameOf(const CircleMark&) {
+    return "circle";
+}
+constexpr const char* nameOf(const ArcMark&) {
+    return "arc";
+}
+
+}  // namespace
+
+Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
+                FunctionRef<bool(std::string_view)> drawsSymbol) {
+    const Size content{std::max(container.width - 2 * margin, 0.0), std::max(container.height - 2 * margin, 0.0)};
+    const Placed placed = layOut(view, {content.width, content.height}, context);
+    const Point origin = aligned(placed.size, content, Alignment::center);
+
+    SceneBuilder builder(drawsSymbol);
+    builder.add(placed, {margin + origin.x, margin + origin.y});
+    return {container, containerBackground(view), std::move(builder.marks)};
+}
+
+void write(json::Writer& writer, const std::vector<Mark>& marks) {
+    writer.beginArray();
+    for (const Mark& mark : marks) {
+        std::visit(
+            [&](const auto& content) {
+                writer.beginObject().key("mark").string(nameOf(content));
+                writer.key("frame").beginArray();
+                for (const double number :
+                     {mark.frame.origin.x, mark.frame.origin.y, mark.frame.size.width, mark.frame.size.height})
+                    writer.number(number);
+                writer.endArray();
+                write(writer, content);
+                if (mark.rotationDegrees != 0) writer.key("rotation").number(mark.rotationDegrees);
+                writer.endObject();
+            },
+            mark.content);
+    }
+    writer.endArray();
+}
+
+}  // namespace orvel

@@ -1,0 +1,68 @@
+// The flat list of marks that a laid-out view draws, in drawing order, in points from the container's top left corner.
+// A painter only replays it.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/foundation/function_ref.h"
+#include "platform/foundation/json_writer.h"
+#include "platform/ui/layout.h"
+
+namespace orvel {
+
+struct TextMark {
+    std::string text;  ///< after cutting
+    Font font;         ///< after scaling
+    Color color;
+    double baseline;  ///< of the first line, from the container's top
+    double lineHeight;
+    int lines;
+    double scale;  ///< from the size at which the lines were shaped to the font's
+    std::shared_ptr<const ShapedText> shaped;
+};
+
+struct SymbolMark {
+    std::string name;
+    Color color;
+};
+
+/// A filled circle.
+struct CircleMark {
+    Color color;
+};
+
+/// A stroked part of a circle's outline, clockwise between two fractions of it.
+struct ArcMark {
+    double from;
+    double to;
+    double startDegrees;  ///< where fraction 0 lies, clockwise from the right
+    StrokeStyle stroke;
+    Color color;
+};
+
+struct Mark {
+    Rect frame;
+    double rotationDegrees = 0;  ///< of what is in the frame, clockwise about its centre; an arc's is in its start
+    std::variant<TextMark, SymbolMark, CircleMark, ArcMark> content;
+};
+
+struct Scene {
+    Size size;
+    std::optional<Color> background;
+    std::vector<Mark> marks;
+};
+
+/// Lays the view out inside a container, centred within equal margins, and lists what it draws. Empty texts, empty arcs
+/// and symbols that `drawsSymbol` doesn't know leave no mark.
+Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
+                FunctionRef<bool(std::string_view symbol)> drawsSymbol);
+
+/// Writes the marks as an array of objects.
+void write(json::Writer& writer, const std::vector<Mark>& marks);
+
+}  // namespace orvel

@@ -1,0 +1,34 @@
+// How a text fits into an offer: whole if it can, else shrunk as far as it may, else cut.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/ui/geometry.h"
+#include "platform/ui/text_engine.h"
+
+namespace orvel {
+
+struct TextStyle {
+    Font font = Font::body;
+    std::optional<int> lineLimit = {};
+    double minimumScaleFactor = 1;
+};
+
+struct FittedText {
+    TextBlock block;        ///< laid out at the style's font size
+    double scale = 1;       ///< by which the block is drawn smaller
+    Size size;              ///< scaled
+    double lineHeight = 0;  ///< scaled
+    double baseline = 0;    ///< of the first line, from the top; scaled
+};
+
+/// No text is laid out higher than this many lines.
+inline constexpr int mostTextLines = 256;
+
+/// A line is as high as the font's ascent and descent, rounded up to a whole point; the rest is shared evenly above and
+/// below. As many whole lines are kept as the offered height holds, but at least one. Scaling multiplies everything,
+/// without steps: it is the largest factor with which nothing is cut and the height suffices. Empty text has no size.
+FittedText fitText(std::string_view text, const TextStyle& style, const ProposedSize& proposal, TextEngine& engine);
+
+}  // namespace orvel
