@@ -1,0 +1,34 @@
+// Replays a scene on a Cairo surface. A painter keeps what drawing again can use; it belongs to one thread.
+#pragma once
+
+#include <memory>
+
+#include "platform/render/symbols.h"
+#include "platform/ui/scene.h"
+
+typedef struct _cairo cairo_t;
+
+namespace orvel {
+
+enum class Target {
+    pixels,   ///< glyphs at quarter-pixel positions, baselines on whole pixels
+    outlines  ///< a vector format: text stays text as far as the format has it
+};
+
+class Painter {
+public:
+    Painter();
+    ~Painter();
+
+    const Symbols& symbols() const;
+
+    /// Draws in the context's user space, in points, with the scene's top left corner at its origin: the background
+    /// within a rounded shape of that corner radius, and nothing outside it.
+    void paint(cairo_t* context, const Scene& scene, double cornerRadius, Target target);
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace orvel
