@@ -1,0 +1,18 @@
+// One entry's view as the host shows it: its family's size, the host's margins, and what is drawn.
+#pragma once
+
+#include "platform/host/timeline.h"
+#include "platform/ui/scene.h"
+#include "platform/ui/view.h"
+
+namespace orvel {
+
+/// Points between the card's edges and the widget's view.
+inline constexpr double contentMargin = 16;
+/// Points. Nothing is drawn outside the rounded shape.
+inline constexpr double cornerRadius = 20;
+
+Scene cardScene(const View& view, WidgetFamily family, const LayoutContext& context,
+                FunctionRef<bool(std::string_view symbol)> drawsSymbol);
+
+}  // namespace orvel

@@ -1,0 +1,29 @@
+// The declaration of the one widget: its kind, its names in the gallery, its sizes and its background.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/host/widget.h"
+#include "widget/provider.h"
+
+namespace orvel {
+
+class OrvelWidget {
+public:
+    const std::string& kind() const { return kind_; }
+    WidgetConfiguration body() const;
+
+    /// The view of one entry, on the widget's background. The entry's date plays no part.
+    static View content(const WidgetEntry& entry, const Platform& platform = Platform::system());
+
+private:
+    std::string kind_ = "OrvelWidget";
+};
+
+class OrvelWidgetBundle {
+public:
+    std::vector<OrvelWidget> body() const { return {OrvelWidget()}; }
+};
+
+}  // namespace orvel
