@@ -1,0 +1,25 @@
+# How this project's libraries are built.
+
+function(orvel_compile_options target)
+  target_compile_options(${target} PRIVATE
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor>)
+  if(ORVEL_WARNINGS_AS_ERRORS)
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Werror>)
+  endif()
+  if(ORVEL_SANITIZE)
+    target_compile_options(${target} PRIVATE
+      $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
+    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# One floor of the house: a static library orvel_NAME. FLOORS are those it stands on; PRIVATE are libraries that only
+# its source files see.
+function(orvel_floor name)
+  cmake_parse_arguments(FLOOR "" "" "SOURCES;FLOORS;PRIVATE" ${ARGN})
+  add_library(orvel_${name} STATIC ${FLOOR_SOURCES})
+  target_include_directories(orvel_${name} PUBLIC ${CMAKE_SOURCE_DIR})
+  list(TRANSFORM FLOOR_FLOORS PREPEND orvel_)
+  target_link_libraries(orvel_${name} PUBLIC ${FLOOR_FLOORS} PRIVATE ${FLOOR_PRIVATE})
+  orvel_compile_options(orvel_${name})
+endfunction()

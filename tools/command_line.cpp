@@ -1,0 +1,95 @@
+#include "tools/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+#include "platform/foundation/iso8601.h"
+#include "tools/commands.h"
+
+namespace orvel::tools {
+namespace {
+
+const std::map<std::string, WidgetFamily> families{{"small", WidgetFamily::systemSmall},
+                                                   {"medium", WidgetFamily::systemMedium}};
+
+struct Arguments {
+    CardChoices card;
+    DrawingChoices drawing;
+};
+
+void addInstantOption(CLI::App& command, Arguments& arguments) {
+    const auto parse = [&arguments](const std::string& text) {
+        arguments.card.at = iso8601::dateTime(text, iso8601::Fraction::allowed);
+        if (!arguments.card.at) throw CLI::ValidationError("--at", text + " is no RFC 3339 date-time");
+    };
+    command.add_option_function<std::string>("--at", parse, "The moment to show, such as 2026-01-31T09:00:00Z")
+        ->type_name("INSTANT");
+}
+
+void addCardOptions(CLI::App& command, Arguments& arguments) {
+    command
+        .add_option("--design", arguments.card.design, "A design, or a list whose first counts; - is standard input")
+        ->type_name("FILE|-");
+    command.add_option("--family", arguments.card.family, "The card's size (default: small)")
+        ->transform(CLI::CheckedTransformer(families))
+        ->type_name("small|medium");
+    addInstantOption(command, arguments);
+}
+
+void addDrawingOptions(CLI::App& command, Arguments& arguments, const std::string& defaultOutput) {
+    command.add_option("--scale", arguments.drawing.scale, "Pixels to the point in a PNG, 1 to 8 (default: 2)")
+        ->check(CLI::Range(1.0, 8.0))
+        ->type_name("N");
+    command
+        .add_option("-o,--output", arguments.drawing.output,
+                    "A .png, .svg or .pdf file; - is PNG on standard output (default: " + defaultOutput + ")")
+        ->type_name("FILE|-");
+    command.preparse_callback([&arguments, defaultOutput](std::size_t) { arguments.drawing.output = defaultOutput; });
+}
+
+std::string firstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
+}  // namespace
+
+int run(int argc, const char* const* argv, const Platform& platform, Console console) {
+    Arguments arguments;
+    CLI::App app("Small cards for the desktop: draws and explains the designs in your store.", "orvel");
+    app.require_subcommand(1);
+
+    CLI::App& renderCommand = *app.add_subcommand("render", "Draw the card that the desktop would show");
+    addCardOptions(renderCommand, arguments);
+    addDrawingOptions(renderCommand, arguments, "widget.png");
+    CLI::App& inspectCommand = *app.add_subcommand("inspect", "Print a card's view tree and marks as JSON");
+    addCardOptions(inspectCommand, arguments);
+    CLI::App& timelineCommand = *app.add_subcommand("timeline", "Print the placeholder, snapshot and timeline as JSON");
+    addInstantOption(timelineCommand, arguments);
+    CLI::App& galleryCommand = *app.add_subcommand("gallery", "Draw all kinds of cards in both sizes");
+    addDrawingOptions(galleryCommand, arguments, "gallery.png");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        const auto chosen = app.get_subcommands();
+        console.out << (chosen.empty() ? app.help() : chosen.front()->help());
+        return done;
+    } catch (const CLI::ParseError& error) {
+        console.err << "orvel: " << firstLine(error.what()) << " (orvel --help lists the options)\n";
+        return wrongUsage;
+    }
+
+    const FixedClock chosenClock(arguments.card.at.value_or(Date{}));
+    const Platform chosen{arguments.card.at ? chosenClock : platform.clock, platform.files, platform.accounts,
+                          platform.timeZone, platform.identities};
+    const auto outcome = renderCommand.parsed()     ? render(arguments.card, arguments.drawing, chosen, console)
+                         : inspectCommand.parsed()  ? inspect(arguments.card, chosen, console)
+                         : timelineCommand.parsed() ? timeline(chosen, console)
+                                                    : gallery(arguments.drawing, chosen, console);
+    if (outcome) return done;
+    console.err << "orvel: " << outcome.failure().reason << '\n';
+    return failed;
+}
+
+}  // namespace orvel::tools
