@@ -27,16 +27,14 @@ std::filesystem::path listFile(const Platform& platform) {
     return dir(platform) / "widgets.json";
 }
 
-std::vector<WidgetSpec> load(const Platform& platform) {
+std::vector<WidgetSpec> load(const Platform& platform) try {
     auto bytes = platform.files.read(listFile(platform));
     if (!bytes) return {};
-    try {
-        auto specs = WidgetSpecJSON::decodeList(*std::move(bytes));
-        if (!specs) return {};
-        return *std::move(specs);
-    } catch (const std::bad_alloc&) {
-        return {};
-    }
+    auto specs = WidgetSpecJSON::decodeList(*std::move(bytes));
+    if (!specs) return {};
+    return *std::move(specs);
+} catch (const std::bad_alloc&) {
+    return {};
 }
 
 }  // namespace orvel::WidgetStore

@@ -18,6 +18,14 @@ struct Arguments {
     DrawingChoices drawing;
 };
 
+// CLI::Range takes not-a-number for a number in any range.
+const CLI::Validator validScale(
+    [](const std::string& text) {
+        double scale = 0;
+        return CLI::detail::lexical_cast(text, scale) && scale >= 1 && scale <= 8 ? "" : text + " is not from 1 to 8";
+    },
+    "", "");
+
 void addInstantOption(CLI::App& command, Arguments& arguments) {
     const auto parse = [&arguments](const std::string& text) {
         arguments.card.at = iso8601::dateTime(text, iso8601::Fraction::allowed);
@@ -39,7 +47,7 @@ void addCardOptions(CLI::App& command, Arguments& arguments) {
 
 void addDrawingOptions(CLI::App& command, Arguments& arguments, const std::string& defaultOutput) {
     command.add_option("--scale", arguments.drawing.scale, "Pixels to the point in a PNG, 1 to 8 (default: 2)")
-        ->check(CLI::Range(1.0, 8.0))
+        ->check(validScale)
         ->type_name("N");
     command
         .add_option("-o,--output", arguments.drawing.output,
@@ -57,7 +65,7 @@ std::string firstLine(const std::string& text) {
 int run(int argc, const char* const* argv, const Platform& platform, Console console) {
     Arguments arguments;
     CLI::App app("Small cards for the desktop: draws and explains the designs in your store.", "orvel");
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
 
     CLI::App& renderCommand = *app.add_subcommand("render", "Draw the card that the desktop would show");
     addCardOptions(renderCommand, arguments);
@@ -71,6 +79,7 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
 
     try {
         app.parse(argc, argv);
+        if (app.get_subcommands().empty()) throw CLI::RequiredError("A subcommand");
     } catch (const CLI::CallForHelp&) {
         const auto chosen = app.get_subcommands();
         console.out << (chosen.empty() ? app.help() : chosen.front()->help());

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <vector>
 
 namespace orvel::unicode {
 namespace {
@@ -29,6 +30,23 @@ bool isWhitespace(ucs4_t character) {
     return character == '\t' || uc_is_general_category(character, UC_SPACE_SEPARATOR);
 }
 
+// The first boundary inside the text that is `enough`, told its position and how many clusters lie before it; or the
+// text's end. Looks at a growing beginning of the text, so that a near boundary in a long text is found quickly.
+template <class Enough>
+std::size_t firstBoundary(std::string_view text, Enough enough) {
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+    for (std::size_t window = 256;; window *= 4) {
+        std::size_t length = std::min(text.size(), window);
+        while (length > 0 && length < text.size() && continues(text[length])) --length;
+        std::vector<char> startsCluster(length);
+        u8_grapheme_breaks(bytes(text), length, startsCluster.data());
+        std::size_t clusters = 0;
+        for (std::size_t i = 1; i < length; ++i)
+            if (startsCluster[i] && enough(i, ++clusters)) return i;
+        if (length == text.size()) return text.size();
+    }
+}
+
 }  // namespace
 
 bool isValid(std::string_view text) {
@@ -42,6 +60,7 @@ std::string uppercased(std::string_view text) {
                                [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; });
         return upper;
     }
+    if (!isValid(text)) return upper;
     std::size_t length = 0;
     const std::unique_ptr<std::uint8_t, Free> mapped(
         u8_toupper(bytes(text), text.size(), nullptr, nullptr, nullptr, &length));
@@ -51,17 +70,19 @@ std::string uppercased(std::string_view text) {
 
 bool canonicallyEquivalent(std::string_view a, std::string_view b) {
     if (a == b) return true;
-    if (isAscii(a) && isAscii(b)) return false;
+    if ((isAscii(a) && isAscii(b)) || !isValid(a) || !isValid(b)) return false;
     int order = 0;
     return u8_normcmp(bytes(a), a.size(), bytes(b), b.size(), UNINORM_NFD, &order) == 0 && order == 0;
 }
 
 std::string_view prefix(std::string_view text, std::size_t count) {
-    const std::uint8_t* const begin = bytes(text);
-    const std::uint8_t* const end = begin + text.size();
-    const std::uint8_t* at = begin;
-    for (; count > 0 && at && at != end; --count) at = u8_grapheme_next(at, end);
-    return at ? text.substr(0, static_cast<std::size_t>(at - begin)) : text;
+    if (count == 0) return {};
+    return text.substr(0, firstBoundary(text, [=](std::size_t, std::size_t clusters) { return clusters == count; }));
+}
+
+std::size_t clusterBoundary(std::string_view text, std::size_t byte) {
+    if (byte == 0) return 0;
+    return firstBoundary(text, [=](std::size_t position, std::size_t) { return position >= byte; });
 }
 
 std::string_view trimmingWhitespace(std::string_view text) {

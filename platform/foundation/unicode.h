@@ -19,6 +19,9 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b);
 /// The text's first `count` extended grapheme clusters (UAX #29), or all of it when it has fewer.
 std::string_view prefix(std::string_view text, std::size_t count);
 
+/// The position of the first boundary between extended grapheme clusters at or after that byte.
+std::size_t clusterBoundary(std::string_view text, std::size_t byte);
+
 /// Without the code points of general category Zs and the tabs at both ends. Line breaks stay.
 std::string_view trimmingWhitespace(std::string_view text);
 

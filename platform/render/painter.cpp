@@ -31,6 +31,10 @@ double radians(double degrees) {
     return degrees * pi / 180;
 }
 
+double points(int pangoUnits) {
+    return static_cast<double>(pangoUnits) / PANGO_SCALE;
+}
+
 void setColor(cairo_t* cr, const Color& color) {
     cairo_set_source_rgba(cr, color.red, color.green, color.blue, color.opacity);
 }
@@ -109,35 +113,57 @@ private:
 
     void drawLine(PangoLayoutLine* line, Point origin, double scale) {
         const Saved saved(cr_);
-        if (target_ == Target::outlines) {
-            cairo_translate(cr_, origin.x, origin.y);
-            cairo_scale(cr_, scale, scale);
-            cairo_move_to(cr_, 0, 0);
-            pango_cairo_show_layout_line(cr_, line);
-            return;
+        if (target_ == Target::pixels) {
+            // Whole pixels for the baseline: every line of a text then has the same sharpness.
+            cairo_user_to_device(cr_, &origin.x, &origin.y);
+            origin.y = std::round(origin.y);
+            cairo_device_to_user(cr_, &origin.x, &origin.y);
         }
-        // Whole pixels for the baseline: every line of a text then has the same sharpness.
-        cairo_user_to_device(cr_, &origin.x, &origin.y);
-        origin.y = std::round(origin.y);
-        cairo_device_to_user(cr_, &origin.x, &origin.y);
         cairo_translate(cr_, origin.x, origin.y);
         cairo_scale(cr_, scale, scale);
         double x = 0;
-        for (GSList* run = line->runs; run; run = run->next) x += drawRun(*static_cast<PangoLayoutRun*>(run->data), x);
+        for (GSList* run = line->runs; run; run = run->next) {
+            auto* const glyphs = static_cast<PangoLayoutRun*>(run->data);
+            drawRun(*glyphs, pango_layout_get_text(line->layout), x);
+            x += points(pango_glyph_string_get_width(glyphs->glyphs));
+        }
     }
 
-    // Draws a run of glyphs from there on and returns its width.
-    double drawRun(const PangoLayoutRun& run, double x) {
+    // A run of glyphs of one font, from there on along the baseline.
+    void drawRun(PangoLayoutRun& run, const char* text, double x) {
         PangoFont* const font = run.item->analysis.font;
         cairo_scaled_font_t* const scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
-        PangoGlyphString& glyphs = *run.glyphs;
-        if (!scaled || hasUnknownGlyph(glyphs) || hasColorGlyphs(scaled)) {
+        const bool color = scaled && hasColorGlyphs(scaled);
+        if (color && target_ == Target::outlines) {
+            drawPixels(font, *run.glyphs, x);
+        } else if (color || !scaled || target_ == Target::outlines || hasUnknownGlyph(*run.glyphs)) {
             cairo_move_to(cr_, x, 0);
-            pango_cairo_show_glyph_string(cr_, font, &glyphs);
+            pango_cairo_show_glyph_item(cr_, text, &run);
+            cairo_new_path(cr_);
         } else {
-            drawMasks(scaled, glyphs, x);
+            drawMasks(scaled, *run.glyphs, x);
         }
-        return static_cast<double>(pango_glyph_string_get_width(&glyphs)) / PANGO_SCALE;
+    }
+
+    // Colour glyphs are pixels even among outlines; there they get eight to the point.
+    void drawPixels(PangoFont* font, PangoGlyphString& glyphs, double x) {
+        constexpr double density = 8;
+        PangoRectangle ink;
+        pango_glyph_string_extents(&glyphs, font, &ink, nullptr);
+        const int widthPx = static_cast<int>(std::ceil(points(ink.width) * density));
+        const int heightPx = static_cast<int>(std::ceil(points(ink.height) * density));
+        const CairoSurfacePtr pixels(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, widthPx, heightPx));
+        {
+            const CairoPtr cr(cairo_create(pixels.get()));
+            cairo_scale(cr.get(), density, density);
+            cairo_move_to(cr.get(), -points(ink.x), -points(ink.y));
+            pango_cairo_show_glyph_string(cr.get(), font, &glyphs);
+        }
+        const Saved saved(cr_);
+        cairo_translate(cr_, x + points(ink.x), points(ink.y));
+        cairo_scale(cr_, 1 / density, 1 / density);
+        cairo_set_source_surface(cr_, pixels.get(), 0, 0);
+        cairo_paint(cr_);
     }
 
     void drawMasks(cairo_scaled_font_t* font, const PangoGlyphString& glyphs, double x) {
@@ -148,14 +174,13 @@ private:
         for (int i = 0; i < glyphs.num_glyphs; ++i) {
             const PangoGlyphInfo& glyph = glyphs.glyphs[i];
             if (glyph.glyph != PANGO_GLYPH_EMPTY) {
-                const Point at{x + static_cast<double>(glyph.geometry.x_offset) / PANGO_SCALE,
-                               static_cast<double>(glyph.geometry.y_offset) / PANGO_SCALE};
+                const Point at{x + points(glyph.geometry.x_offset), points(glyph.geometry.y_offset)};
                 if (upright)
                     drawMask(font, glyph.glyph, at, toDevice);
                 else
                     drawOutline(font, glyph.glyph, at);
             }
-            x += static_cast<double>(glyph.geometry.width) / PANGO_SCALE;
+            x += points(glyph.geometry.width);
         }
     }
 

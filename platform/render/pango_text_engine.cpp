@@ -73,14 +73,6 @@ std::string_view takeParagraph(std::string_view& text) {
     return paragraph;
 }
 
-// At most about that many bytes, ending where a grapheme cluster ends.
-std::string_view beginning(std::string_view text, std::size_t bytes) {
-    if (text.size() <= bytes) return text;
-    std::size_t end = 0;
-    while (end < bytes) end += unicode::prefix(text.substr(end), 1).size();
-    return text.substr(0, end);
-}
-
 struct Paragraph {
     ObjectPtr<PangoLayout> layout;
     std::string text;  // as shown
@@ -142,7 +134,7 @@ struct PangoTextEngine::State {
                              bool moreFollows) const {
         const bool wraps = width && std::isfinite(*width);
         for (std::size_t bytes = wraps ? 2048 : longestLine;; bytes *= 2) {
-            const std::string_view part = beginning(text, bytes);
+            const std::string_view part = text.substr(0, unicode::clusterBoundary(text, bytes));
             const bool whole = part.size() == text.size();
             const bool long_ = !whole && (!wraps || bytes >= longestLine * static_cast<std::size_t>(lines));
             Paragraph paragraph = shape(displayable(part), font, width, lines);

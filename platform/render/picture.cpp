@@ -4,6 +4,8 @@
 #include <cairo-svg.h>
 
 #include <cmath>
+#include <map>
+#include <regex>
 
 #include "platform/foundation/iso8601.h"
 #include "platform/render/handles.h"
@@ -41,6 +43,21 @@ Result<std::string, PictureFailure> document(CairoSurfacePtr surface, const std:
     return finished(cairo_surface_status(surface.get()), bytes);
 }
 
+// Cairo numbers surfaces and images through the process's life; here they are numbered through the document.
+std::string renumbered(const std::string& svg) {
+    static const std::regex id("([\"#](?:surface|image))([0-9]+)");
+    std::map<std::string, std::size_t> numbers;
+    std::string result;
+    auto copied = svg.begin();
+    for (std::sregex_iterator match(svg.begin(), svg.end(), id), end; match != end; ++match) {
+        const auto number = numbers.try_emplace(match->str(2), numbers.size()).first->second;
+        result.append(copied, (*match)[2].first);
+        result += std::to_string(number);
+        copied = (*match)[2].second;
+    }
+    return result.append(copied, svg.end());
+}
+
 }  // namespace
 
 Result<std::string, PictureFailure> png(const Picture& picture, double scale, Painter& painter) {
@@ -62,7 +79,9 @@ Result<std::string, PictureFailure> svg(const Picture& picture, Painter& painter
     CairoSurfacePtr surface(
         cairo_svg_surface_create_for_stream(append, &bytes, picture.size.width, picture.size.height));
     cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
-    return document(std::move(surface), bytes, picture, painter);
+    auto drawn = document(std::move(surface), bytes, picture, painter);
+    if (!drawn) return drawn;
+    return renumbered(*drawn);
 }
 
 Result<std::string, PictureFailure> pdf(const Picture& picture, Date created, Painter& painter) {

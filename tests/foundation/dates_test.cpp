@@ -1,0 +1,105 @@
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "platform/foundation/iso8601.h"
+#include "platform/foundation/platform.h"
+#include "tests/support/fakes.h"
+
+namespace orvel {
+namespace {
+
+using namespace std::chrono;
+using test::TableZone;
+
+Date utc(int y, unsigned m, unsigned d, seconds time = {}) {
+    const sys_seconds instant = sys_days{year{y} / month{m} / day{d}} + time;
+    return Date::fromUnixTime(static_cast<double>(instant.time_since_epoch().count()));
+}
+
+TEST(Iso8601, ReadsInternetDateTimesStrictly) {
+    const struct {
+        const char* text;
+        std::optional<Date> instant;
+    } cases[] = {
+        {"2001-01-01T00:00:00Z", Date{0}},
+        {"2025-12-31T18:30:00Z", utc(2025, 12, 31, 18h + 30min)},
+        {"2025-12-31T18:30:00+02:00", utc(2025, 12, 31, 16h + 30min)},
+        {"2025-12-31T18:30:00-05:45", utc(2026, 1, 1, 15min)},
+        {"2024-02-29T00:00:00Z", utc(2024, 2, 29)},
+        {"2016-12-31T23:59:60Z", utc(2017, 1, 1)},
+        {"0000-01-01T00:00:00Z", utc(0, 1, 1)},
+        {"2023-02-29T00:00:00Z", std::nullopt},
+        {"2025-13-01T00:00:00Z", std::nullopt},
+        {"2025-00-01T00:00:00Z", std::nullopt},
+        {"2025-12-31T24:00:00Z", std::nullopt},
+        {"2025-12-31T18:60:00Z", std::nullopt},
+        {"2025-12-31T18:30:00+24:00", std::nullopt},
+        {"2025-12-31T18:30:00+0200", std::nullopt},
+        {"2025-12-31T18:30:00", std::nullopt},
+        {"2025-12-31T18:30Z", std::nullopt},
+        {"2025-12-31t18:30:00z", std::nullopt},
+        {"2025-12-31 18:30:00Z", std::nullopt},
+        {" 2025-12-31T18:30:00Z", std::nullopt},
+        {"2025-12-31T18:30:00Z ", std::nullopt},
+        {"2025-12-31T18:30:00.250Z", std::nullopt},
+        {"+025-12-31T18:30:00Z", std::nullopt},
+        {"", std::nullopt},
+    };
+    for (const auto& c : cases) EXPECT_EQ(iso8601::dateTime(c.text), c.instant) << c.text;
+    EXPECT_EQ(iso8601::dateTime("2001-01-01T00:00:00.25Z", iso8601::Fraction::allowed), Date{0.25});
+    EXPECT_EQ(iso8601::dateTime("2001-01-01T00:00:00.Z", iso8601::Fraction::allowed), std::nullopt);
+    EXPECT_EQ(iso8601::format(utc(1999, 2, 3, 4h + 5min + 6s)), "1999-02-03T04:05:06Z");
+    EXPECT_EQ(iso8601::format(Date{-0.5}), "2000-12-31T23:59:59Z");
+}
+
+TEST(StartOfDay, FollowsTheZonesChanges) {
+    const struct {
+        const char* why;
+        TableZone zone;
+        year_month_day day;
+        Date expected;
+    } cases[] = {
+        {"no change", TableZone(2h), 2025y / 12 / 31, utc(2025, 12, 30, 22h)},
+        {"west of Greenwich", TableZone(-11h), 2025y / 12 / 31, utc(2025, 12, 31, 11h)},
+        {"the change lies later that day", TableZone(1h, sys_days{2025y / 3 / 30} + 1h, 2h), 2025y / 3 / 30,
+         utc(2025, 3, 29, 23h)},
+        {"00:00 to 00:59 skipped: the day begins at 01:00", TableZone(-3h, sys_days{2018y / 11 / 4} + 3h, -2h),
+         2018y / 11 / 4, utc(2018, 11, 4, 3h)},
+        {"00:00 comes twice, an hour apart: the first", TableZone(-2h, sys_days{2018y / 2 / 18} + 3h, -3h),
+         2018y / 2 / 18, utc(2018, 2, 18, 2h)},
+        {"set back at 00:01 to 23:01: the first midnight, a minute long",
+         TableZone(-2h - 30min, sys_days{2010y / 11 / 7} + 2h + 31min, -3h - 30min), 2010y / 11 / 7,
+         utc(2010, 11, 7, 2h + 30min)},
+        {"a whole day skipped: the first instant after it", TableZone(-10h, sys_days{2011y / 12 / 30} + 10h, 14h),
+         2011y / 12 / 30, utc(2011, 12, 30, 10h)},
+    };
+    for (const auto& c : cases) EXPECT_EQ(startOfDay(c.day, c.zone), c.expected) << c.why;
+}
+
+TEST(SystemPlatform, FollowsTheProcesssZone) {
+    const char* const before = std::getenv("TZ");
+    const std::string kept = before ? before : "";
+    const auto midnight = [](const char* zone) {
+        ::setenv("TZ", zone, 1);
+        return *startOfDay(2026y / 7 / 1, Platform::system().timeZone);
+    };
+    EXPECT_EQ(midnight("Asia/Tokyo"), utc(2026, 6, 30, 15h));
+    EXPECT_EQ(midnight("America/New_York"), utc(2026, 7, 1, 4h)) << "a change is noticed";
+    before ? ::setenv("TZ", kept.c_str(), 1) : ::unsetenv("TZ");
+}
+
+TEST(SystemPlatform, MakesCanonicalRandomIdentities) {
+    const std::string a = Platform::system().identities.uuid();
+    EXPECT_NE(a, Platform::system().identities.uuid());
+    ASSERT_EQ(a.size(), 36u);
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const bool hyphen = i == 8 || i == 13 || i == 18 || i == 23;
+        EXPECT_EQ(a[i] == '-', hyphen) << a;
+        EXPECT_NE(std::string("0123456789ABCDEF-").find(a[i]), std::string::npos) << a;
+    }
+    EXPECT_EQ(a[14], '4');
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,99 @@
+#include "platform/foundation/posix_files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <set>
+
+namespace orvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+class PosixFilesTest : public testing::Test {
+protected:
+    void SetUp() override {
+        std::string name = (fs::temp_directory_path() / "orvel-files-XXXXXX").string();
+        ASSERT_TRUE(::mkdtemp(name.data()));
+        folder = name;
+    }
+    void TearDown() override { fs::remove_all(folder); }
+
+    std::string content(const fs::path& path) const {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    static mode_t mode(const fs::path& path) {
+        struct stat status;
+        return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+    }
+    std::set<std::string> names() const {
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().string());
+        return names;
+    }
+
+    fs::path folder;
+    PosixFiles files;
+};
+
+TEST_F(PosixFilesTest, ReadsWholeRegularFilesOnly) {
+    const std::string large(3'000'001, 'x');
+    ASSERT_TRUE(files.replace(folder / "large", large));
+    EXPECT_EQ(*files.read(folder / "large"), large);
+    ASSERT_TRUE(files.replace(folder / "empty", ""));
+    EXPECT_EQ(*files.read(folder / "empty"), "");
+    EXPECT_NE(files.read("/proc/self/stat")->size(), 0u) << "a file that doesn't tell its size";
+
+    ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+    for (const fs::path& path : {folder, folder / "fifo", fs::path("/dev/zero"), folder / "missing"})
+        EXPECT_FALSE(files.read(path)) << path;
+    ASSERT_EQ(::truncate((folder / "empty").c_str(), static_cast<off_t>(Files::largest) + 1), 0);
+    EXPECT_EQ(files.read(folder / "empty").failure().code, std::errc::file_too_large);
+}
+
+TEST_F(PosixFilesTest, ReplacesInOneStepAndKeepsModesAndLinks) {
+    const mode_t mask = ::umask(027);
+    EXPECT_TRUE(files.replace(folder / "new", "1"));
+    ::umask(mask);
+    EXPECT_EQ(mode(folder / "new"), 0640u);
+
+    ASSERT_EQ(::chmod((folder / "new").c_str(), 0604), 0);
+    fs::create_symlink("new", folder / "link");
+    fs::create_symlink("link", folder / "link to link");
+    EXPECT_TRUE(files.replace(folder / "link to link", "2"));
+    EXPECT_EQ(content(folder / "new"), "2");
+    EXPECT_EQ(mode(folder / "new"), 0604u);
+    EXPECT_TRUE(fs::is_symlink(folder / "link to link"));
+
+    fs::create_symlink("not yet", folder / "dangling");
+    EXPECT_TRUE(files.replace(folder / "dangling", "3"));
+    EXPECT_EQ(content(folder / "not yet"), "3");
+    EXPECT_EQ(names(), (std::set<std::string>{"new", "link", "link to link", "dangling", "not yet"})) << "no leftovers";
+}
+
+TEST_F(PosixFilesTest, ChangesNothingWhenItFails) {
+    fs::create_directory(folder / "folder");
+    ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
+    fs::create_symlink("loop", folder / "loop");
+    const auto before = names();
+    for (const fs::path& path : {folder / "folder", folder / "fifo", folder / "loop", folder / "missing" / "file"})
+        EXPECT_FALSE(files.replace(path, "x")) << path;
+    EXPECT_EQ(names(), before);
+    EXPECT_TRUE(fs::is_fifo(folder / "fifo"));
+    EXPECT_FALSE(files.remove(folder / "missing"));
+}
+
+TEST_F(PosixFilesTest, CreatesFoldersWithTheirParents) {
+    EXPECT_TRUE(files.createFolders(folder / "a/b/c/"));
+    EXPECT_TRUE(fs::is_directory(folder / "a/b/c"));
+    EXPECT_TRUE(files.createFolders(folder / "a/b/c/"));
+    ASSERT_TRUE(files.replace(folder / "file", "x"));
+    EXPECT_FALSE(files.createFolders(folder / "file/b"));
+}
+
+}  // namespace
+}  // namespace orvel

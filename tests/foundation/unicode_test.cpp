@@ -1,0 +1,56 @@
+#include "platform/foundation/unicode.h"
+
+#include <gtest/gtest.h>
+
+namespace orvel::unicode {
+namespace {
+
+TEST(Unicode, UppercasesByTheFullLocaleIndependentMapping) {
+    const struct {
+        const char* text;
+        const char* upper;
+    } cases[] = {
+        {"abc z{`", "ABC Z{`"},
+        {"straße", "STRASSE"},
+        {"ŉ", "ʼN"},
+        {"ﬀ ﬁ", "FF FI"},
+        {"\u0390", "\u0399\u0308\u0301"},
+        {"σς", "ΣΣ"},
+        {"iı", "II"},
+        {"ẞ", "ẞ"},
+        {"ა", "Ა"},
+        {"買い物 🥑 12", "買い物 🥑 12"},
+        {"bad \xFF x", "bad \xFF x"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(uppercased(c.text), c.upper);
+}
+
+TEST(Unicode, ComparesByCanonicalEquivalence) {
+    EXPECT_TRUE(canonicallyEquivalent("é", "e\u0301"));
+    EXPECT_TRUE(canonicallyEquivalent("Å", "Å"));
+    EXPECT_TRUE(canonicallyEquivalent("q\u0307\u0323", "q\u0323\u0307")) << "marks of other classes in any order";
+    EXPECT_FALSE(canonicallyEquivalent("ﬁ", "fi")) << "compatibility isn't equivalence";
+    EXPECT_FALSE(canonicallyEquivalent("a", "b"));
+    EXPECT_FALSE(canonicallyEquivalent("é", "e"));
+    EXPECT_FALSE(canonicallyEquivalent("\xFF", "\xFE"));
+}
+
+TEST(Unicode, CountsUserPerceivedCharacters) {
+    EXPECT_EQ(prefix("2025-12-31T", 10), "2025-12-31");
+    EXPECT_EQ(prefix("2025-12-31\u0301T", 10), "2025-12-31\u0301") << "a mark belongs to the digit before it";
+    EXPECT_EQ(prefix("a\r\nb", 2), "a\r\n");
+    EXPECT_EQ(prefix("🇩🇪🇫🇷x", 1), "🇩🇪");
+    EXPECT_EQ(prefix("👩‍👩‍👧x", 1), "👩‍👩‍👧");
+    EXPECT_EQ(prefix("ab", 10), "ab");
+    EXPECT_EQ(prefix("", 3), "");
+}
+
+TEST(Unicode, TrimsSpacesAndTabsButNoLineBreaks) {
+    EXPECT_EQ(trimmingWhitespace(" \t\u00A0\u3000\u2003a b\u1680 "), "a b");
+    EXPECT_EQ(trimmingWhitespace("\na\n"), "\na\n");
+    EXPECT_EQ(trimmingWhitespace("\u200Ba"), "\u200Ba") << "zero-width space left that category";
+    EXPECT_EQ(trimmingWhitespace(" \t "), "");
+}
+
+}  // namespace
+}  // namespace orvel::unicode

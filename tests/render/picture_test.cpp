@@ -1,0 +1,200 @@
+#include "platform/render/picture.h"
+
+#include <cairo.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <map>
+
+#include "platform/host/card.h"
+#include "platform/render/pango_text_engine.h"
+
+namespace orvel {
+namespace {
+
+using H = HorizontalAlignment;
+
+struct Studio {
+    PangoTextEngine text;
+    KeysThemselves localizer;
+    Painter painter;
+
+    Scene scene(const View& view) {
+        const auto drawn = [&](std::string_view name) { return painter.symbols().contains(name); };
+        return cardScene(view.containerBackground({0, 0, 1}, ContainerBackgroundPlacement::widget),
+                         WidgetFamily::systemSmall, {text, localizer}, drawn);
+    }
+    Picture picture(const View& view) {
+        Scene drawn = scene(view);
+        return {drawn.size, cornerRadius, {{{0, 0}, std::move(drawn)}}};
+    }
+};
+
+// A PNG read back; probes are in pixels, colours are 0xAARRGGBB, premultiplied.
+class Pixels {
+public:
+    explicit Pixels(const std::string& png) : rest_(png) {
+        const auto read = [](void* self, unsigned char* data, unsigned length) {
+            auto& rest = static_cast<Pixels*>(self)->rest_;
+            if (rest.size() < length) return CAIRO_STATUS_READ_ERROR;
+            std::memcpy(data, rest.data(), length);
+            rest.erase(0, length);
+            return CAIRO_STATUS_SUCCESS;
+        };
+        surface_ = cairo_image_surface_create_from_png_stream(read, this);
+    }
+    Pixels(const Pixels&) = delete;
+    Pixels& operator=(const Pixels&) = delete;
+    ~Pixels() { cairo_surface_destroy(surface_); }
+
+    int width() const { return cairo_image_surface_get_width(surface_); }
+    int height() const { return cairo_image_surface_get_height(surface_); }
+    std::uint32_t at(int x, int y) const {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel,
+                    cairo_image_surface_get_data(surface_) + y * cairo_image_surface_get_stride(surface_) + 4 * x, 4);
+        return pixel;
+    }
+
+private:
+    std::string rest_;
+    cairo_surface_t* surface_;
+};
+
+constexpr std::uint32_t blue = 0xFF0000FF;
+
+View ring(double progress) {
+    return ZStack()({
+                        Circle().stroke(Color{0, 1, 0}, {.lineWidth = 8}),
+                        Circle().trim(0, progress).stroke(Color{1, 0, 0}, {.lineWidth = 8}).rotationEffect({-90}),
+                    })
+        .frame(FixedFrame{.width = 62, .height = 62});
+}
+
+TEST(Picture, PaintsTheCardsShapeAtEveryScale) {
+    Studio studio;
+    for (const double scale : {1.0, 1.5, 2.0, 8.0}) {
+        const Pixels pixels(*png(studio.picture(ring(0.25)), scale, studio.painter));
+        const auto px = [&](double points) { return static_cast<int>(points * scale); };
+        ASSERT_EQ(pixels.width(), std::lround(170 * scale));
+        ASSERT_EQ(pixels.height(), std::lround(170 * scale));
+        EXPECT_EQ(pixels.at(0, 0), 0u) << "nothing outside the corner";
+        EXPECT_EQ(pixels.at(px(170) - 1, px(3)), 0u);
+        EXPECT_EQ(pixels.at(px(7), px(7)), blue);
+        EXPECT_EQ(pixels.at(px(85), 0), blue) << "no seam at the edge";
+        EXPECT_EQ(pixels.at(px(85), px(170) - 1), blue);
+        // The ring's centre is the card's; its line lies 27 to 35 points from it. A quarter is red, from the top on.
+        EXPECT_EQ(pixels.at(px(85), px(85)), blue);
+        EXPECT_EQ(pixels.at(px(85 + 22), px(85 - 22)), 0xFFFF0000);
+        EXPECT_EQ(pixels.at(px(85 + 22), px(85 + 22)), 0xFF00FF00);
+        EXPECT_EQ(pixels.at(px(85 - 22), px(85 - 22)), 0xFF00FF00);
+        EXPECT_EQ(pixels.at(px(85), px(85 + 31)), 0xFF00FF00);
+        EXPECT_EQ(pixels.at(px(85), px(85 + 37)), blue);
+    }
+}
+
+TEST(Picture, CutsWhatLeavesTheShape) {
+    Studio studio;
+    const View large = Circle().fill(Color{1, 0, 0}).frame(FixedFrame{.width = 400, .height = 400});
+    const Pixels pixels(*png(studio.picture(large), 1, studio.painter));
+    EXPECT_EQ(pixels.at(0, 0), 0u);
+    EXPECT_EQ(pixels.at(85, 0), 0xFFFF0000);
+    EXPECT_EQ(pixels.at(7, 7), 0xFFFF0000);
+}
+
+// The pixels that differ from the background, as a box in points.
+Rect ink(const Pixels& pixels, double scale) {
+    int left = pixels.width(), top = pixels.height(), right = 0, bottom = 0;
+    const int corner = static_cast<int>(16 * scale);
+    for (int y = corner; y < pixels.height() - corner; ++y)
+        for (int x = corner; x < pixels.width() - corner; ++x)
+            if (pixels.at(x, y) != blue) {
+                left = std::min(left, x), right = std::max(right, x + 1);
+                top = std::min(top, y), bottom = std::max(bottom, y + 1);
+            }
+    return {{left / scale, top / scale}, {(right - left) / scale, (bottom - top) / scale}};
+}
+
+TEST(Picture, DrawsTextWhereTheLayoutPutIt) {
+    Studio studio;
+    const View text = VStack(H::leading, 0)({Text("HEH").font(Font::system(34, Font::Weight::heavy))});
+    const Scene scene = studio.scene(text);
+    const auto& mark = scene.marks.at(0);
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        const Rect box = ink(Pixels(*png(studio.picture(text), scale, studio.painter)), scale);
+        EXPECT_NEAR(box.origin.y + box.size.height, std::get<TextMark>(mark.content).baseline, 1 / scale + 0.1);
+        EXPECT_NEAR(box.size.height, 0.727 * 34, 1.5 / scale) << "capital letters' height";
+        EXPECT_GT(box.origin.x, mark.frame.origin.x);
+        EXPECT_LT(box.origin.x + box.size.width, mark.frame.origin.x + mark.frame.size.width);
+    }
+}
+
+TEST(Picture, DrawsColourGlyphsSymbolsAndBoxesForWhatNoFontHas) {
+    Studio studio;
+    std::map<std::uint32_t, int> colors;
+    const Pixels emoji(*png(studio.picture(Text("🥑").font(Font::system(60))), 1, studio.painter));
+    for (int y = 40; y < 130; ++y)
+        for (int x = 40; x < 130; ++x) ++colors[emoji.at(x, y)];
+    EXPECT_GT(colors.size(), 100u) << "in its own colours";
+
+    const View flag = Image::systemName("flag.fill").font(Font::system(60)).foregroundStyle(Color{1, 0, 0});
+    const Rect symbol = ink(Pixels(*png(studio.picture(flag), 1, studio.painter)), 1);
+    EXPECT_NEAR(symbol.center().x, 85, 2);
+    EXPECT_NEAR(symbol.center().y, 85, 2);
+    EXPECT_NEAR(symbol.size.height, 60, 6);
+    EXPECT_GT(
+        ink(Pixels(*png(studio.picture(Text("\U0010FFFD").font(Font::system(60))), 1, studio.painter)), 1).size.height,
+        10);
+}
+
+TEST(Picture, TurnsTextAndKeepsItInside) {
+    Studio studio;
+    const View text = Text("HHHH").font(Font::system(20, Font::Weight::heavy));
+    const Rect level = ink(Pixels(*png(studio.picture(text), 2, studio.painter)), 2);
+    const Rect upright = ink(Pixels(*png(studio.picture(text.rotationEffect({90})), 2, studio.painter)), 2);
+    EXPECT_NEAR(upright.size.height, level.size.width, 1.5);
+    EXPECT_NEAR(upright.size.width, level.size.height, 1.5);
+}
+
+TEST(Picture, SameSceneSameBytesInEveryFormat) {
+    const auto encode = [](auto write) {
+        Studio studio;
+        return *write(
+            studio.picture(VStack()({Text("Straße 牛 🥑 خبز"), Image::systemName("star.fill"), ring(0.4)})),
+            studio.painter);
+    };
+    const auto asPng = [](const Picture& picture, Painter& painter) { return png(picture, 1.5, painter); };
+    const auto asSvg = [](const Picture& picture, Painter& painter) { return svg(picture, painter); };
+    const auto asPdf = [](const Picture& picture, Painter& painter) { return pdf(picture, Date{0}, painter); };
+    EXPECT_TRUE(encode(asPng).starts_with("\x89PNG"));
+    EXPECT_EQ(encode(asPng), encode(asPng));
+    EXPECT_NE(encode(asSvg).find("width=\"170pt\" height=\"170pt\""), std::string::npos);
+    EXPECT_EQ(encode(asSvg), encode(asSvg));
+    EXPECT_NE(encode(asPdf).find("(20010101000000Z)"), std::string::npos);
+    EXPECT_EQ(encode(asPdf), encode(asPdf));
+}
+
+TEST(Symbols, AreFoundByNameAndNothingElse) {
+    const Symbols symbols;
+    for (const char* name : {"flag.fill", "square.grid.2x2", "person.2.fill", "plus", "globe"})
+        EXPECT_TRUE(symbols.contains(name)) << name;
+    const std::string strange[] = {"",
+                                   ".",
+                                   "a",
+                                   "space",
+                                   "Flag.fill",
+                                   "flag_fill",
+                                   "flag.fill ",
+                                   "../flag",
+                                   ".notdef",
+                                   "flag\n",
+                                   std::string("flag\0", 5),
+                                   std::string(10'000'000, 'x'),
+                                   "no.such.symbol",
+                                   "牛"};
+    for (const std::string& name : strange) EXPECT_FALSE(symbols.contains(name)) << name.substr(0, 20);
+}
+
+}  // namespace
+}  // namespace orvel

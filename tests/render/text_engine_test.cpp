@@ -1,0 +1,110 @@
+#include "platform/render/pango_text_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace orvel {
+namespace {
+
+TEST(PangoTextEngine, UsesTheSystemFontWithoutSteps) {
+    PangoTextEngine engine;
+    const Font heavy = Font::system(34, Font::Weight::heavy);
+    EXPECT_NEAR(engine.metrics(heavy).ascent, 0.96875 * 34, 0.01);
+    EXPECT_NEAR(engine.metrics(heavy).descent, 0.2412 * 34, 0.02);
+    const double at34 = engine.layOut("1,284 days", heavy, std::nullopt, 1).width;
+    for (double size = 17; size < 34; size += 0.37)
+        EXPECT_NEAR(engine.layOut("1,284 days", Font::system(size, Font::Weight::heavy), std::nullopt, 1).width,
+                    at34 * size / 34, 0.03);
+    const auto width = [&](Font::Weight weight) {
+        return engine.layOut("weight", Font::system(20, weight), std::nullopt, 1).width;
+    };
+    EXPECT_LT(width(Font::Weight::regular), width(Font::Weight::medium));
+    EXPECT_LT(width(Font::Weight::medium), width(Font::Weight::bold));
+    EXPECT_LT(width(Font::Weight::bold), width(Font::Weight::heavy));
+}
+
+TEST(PangoTextEngine, BreaksAndCuts) {
+    PangoTextEngine engine;
+    const Font font = Font::system(10);
+    const struct {
+        const char* why;
+        std::string text;
+        std::optional<double> width;
+        int mostLines;
+        int lines;
+        std::string shown;
+    } cases[] = {
+        {"one line", "plain", std::nullopt, 9, 1, "plain"},
+        {"own breaks",
+         "a\nb\r\nc\u2028d\u2029e\x0B"
+         "f",
+         std::nullopt, 9, 6, "a\nb\nc\nd\ne\nf"},
+        {"between words", "several words wrap", 50, 9, 3, "several words wrap"},
+        {"inside a long word", "incomprehensibilities", 40, 9, 3, "incomprehensibilities"},
+        {"cut on the last line", "several words wrap here and there", 50, 2, 2, "several words w…"},
+        {"cut at a break of its own", "first\nsecond", 90, 1, 1, "first…"},
+        {"cut even at a break in narrow space", "first line\nsecond", 40, 1, 1, "first li…"},
+        {"an empty line counts", "a\n\nb", 90, 9, 3, "a\n\nb"},
+        {"control characters have no glyph",
+         "a\x01\x7F\u0085"
+         "b\x1B[1m",
+         90, 9, 2, "a\nb[1m"},
+        {"no width at all", "abc", 0, 1, 1, "…"},
+        {"nothing", "", 10, 3, 0, ""},
+    };
+    for (const auto& c : cases) {
+        const TextBlock block = engine.layOut(c.text, font, c.width, c.mostLines);
+        EXPECT_EQ(block.lines, c.lines) << c.why;
+        EXPECT_EQ(block.text, c.shown) << c.why;
+        EXPECT_EQ(block.cut, block.text.ends_with("…")) << c.why;
+        if (c.width && *c.width > 20) {
+            EXPECT_LE(block.width, *c.width + 0.01) << c.why;
+        }
+    }
+    EXPECT_NEAR(engine.layOut("several ", font, 40, 9).width, engine.layOut("several", font, std::nullopt, 1).width, 4);
+}
+
+TEST(PangoTextEngine, NeverCutsInsideACluster) {
+    PangoTextEngine engine;
+    for (const std::string cluster : {"👩‍👩‍👧", "🇩🇪", "e\u0301\u0302", "각", "நி"}) {
+        std::string text;
+        for (int i = 0; i < 40; ++i) text += cluster;
+        for (double width = 12; width < 100; width += 7) {
+            const TextBlock block = engine.layOut(text, Font::system(12), width, 1);
+            ASSERT_TRUE(block.text.ends_with("…"));
+            EXPECT_EQ((block.text.size() - std::string("…").size()) % cluster.size(), 0u) << cluster << " at " << width;
+        }
+    }
+}
+
+TEST(PangoTextEngine, ShapesArabicAndFallsBack) {
+    PangoTextEngine engine;
+    const Font font = Font::system(12);
+    const auto width = [&](const char* text) { return engine.layOut(text, font, std::nullopt, 1).width; };
+    EXPECT_LT(width("خبز"), width("خ") + width("ب") + width("ز")) << "letters join";
+    EXPECT_NEAR(width("牛乳"), 24, 2) << "full-width glyphs, not boxes";
+    EXPECT_NEAR(width("🥑"), 15, 2);
+    EXPECT_TRUE(engine.layOut("خبز طازج من الفرن", font, 60, 1).text.starts_with("خبز"))
+        << "the cut is at the logical end";
+}
+
+TEST(PangoTextEngine, ShapesOnlyWhatCanShow) {
+    PangoTextEngine engine;
+    const Font font = Font::system(9.5, Font::Weight::bold);
+    std::string text;
+    while (text.size() < 10'000'000) text += "MANY WORDS OF A TITLE ";
+    const std::string start = text.substr(0, 600);
+    for (const int lines : {1, 5}) {
+        EXPECT_EQ(engine.layOut(text, font, 138, lines).text, engine.layOut(start, font, 138, lines).text);
+    }
+    EXPECT_TRUE(engine.layOut(text, font, std::nullopt, 1).cut);
+    EXPECT_EQ(engine.layOut(text, font, 138, 256).lines, 256);
+    std::string marks = "a";
+    for (int i = 0; i < 50'000; ++i) marks += "\u0301";
+    EXPECT_EQ(engine.layOut(marks + "b", font, 138, 5).lines, 1);
+    EXPECT_EQ(engine.layOut("bad \xFF bytes", font, std::nullopt, 1).text, "bad \uFFFD bytes");
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,150 @@
+// The orvel command from its arguments to its output, on a machine in memory.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/foundation/json_reader.h"
+#include "tests/support/fakes.h"
+#include "tools/command_line.h"
+
+namespace orvel::tools {
+namespace {
+
+constexpr const char* design =
+    R"({"id":"A","title":"first","kind":"metric","accentHex":"#f00","symbol":"flag.fill","primary":"42","createdAt":0})";
+
+struct Answer {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+class Command : public testing::Test {
+protected:
+    Answer run(std::vector<const char*> arguments, const std::string& input = {}) {
+        arguments.insert(arguments.begin(), "orvel");
+        std::istringstream in(input);
+        std::ostringstream out;
+        std::ostringstream err;
+        const int code =
+            tools::run(static_cast<int>(arguments.size()), arguments.data(), machine.platform, {in, out, err});
+        return {code, out.str(), err.str()};
+    }
+    test::FakeMachine machine;
+};
+
+TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
+    machine.storedList() = std::string("[") + design + "]";
+    EXPECT_EQ(run({"render"}).code, done);
+    EXPECT_TRUE(machine.files.contents["widget.png"].starts_with("\x89PNG"));
+    EXPECT_EQ(run({"render", "--design", "-", "-o", "other.PNG"}, design).code, done);
+    EXPECT_EQ(machine.files.contents["other.PNG"], machine.files.contents["widget.png"]);
+    EXPECT_EQ(run({"render", "-o", "-"}).out, machine.files.contents["widget.png"]);
+
+    EXPECT_EQ(run({"render", "-o", "a.svg", "--family", "medium"}).code, done);
+    EXPECT_NE(machine.files.contents["a.svg"].find("width=\"364pt\""), std::string::npos);
+    EXPECT_EQ(run({"render", "-o", "a.pdf", "--at", "2001-01-01T00:00:00Z"}).code, done);
+    EXPECT_TRUE(machine.files.contents["a.pdf"].starts_with("%PDF"));
+
+    machine.files.contents.clear();
+    EXPECT_EQ(run({"render", "--design", "-"}, "[]").code, done) << "the empty state";
+    const std::string empty = machine.files.contents["widget.png"];
+    EXPECT_EQ(run({"render"}).code, done);
+    EXPECT_EQ(machine.files.contents["widget.png"], empty);
+}
+
+TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
+    const auto folder = std::filesystem::temp_directory_path() / "orvel-command-test";
+    std::filesystem::create_directories(folder);
+    const std::string bad = (folder / "bad.json").string();
+    std::ofstream(bad) << "[" << design << R"(,{"id":"B"}])";
+
+    const struct {
+        std::vector<const char*> arguments;
+        int code;
+        std::string error;
+    } cases[] = {
+        {{"render", "--design", bad.c_str()}, failed, bad + ": element 1: \"title\" is missing"},
+        {{"inspect", "--design", bad.c_str()}, failed, "element 1"},
+        {{"render", "--design", "/no/such/file"}, failed, "/no/such/file: can't open: No such file"},
+        {{"render", "--design", "/"}, failed, "/: can't read: Is a directory"},
+        {{"render", "--design", "-"}, failed, "standard input: not valid JSON"},
+        {{"render", "-o", "card.jpg"}, failed, "card.jpg: the ending must be"},
+        {{"gallery", "-o", "gallery"}, failed, "gallery: the ending must be"},
+        {{}, wrongUsage, "A subcommand is required"},
+        {{"paint"}, wrongUsage, "paint"},
+        {{"render", "--scale", "0.5"}, wrongUsage, "--scale"},
+        {{"render", "--scale", "9"}, wrongUsage, "--scale"},
+        {{"render", "--scale", "nan"}, wrongUsage, "--scale"},
+        {{"render", "--family", "large"}, wrongUsage, "--family"},
+        {{"render", "--at", "yesterday"}, wrongUsage, "--at"},
+        {{"timeline", "extra"}, wrongUsage, "extra"},
+    };
+    for (const auto& c : cases) {
+        const Answer result = run(c.arguments);
+        EXPECT_EQ(result.code, c.code) << result.err;
+        EXPECT_NE(result.err.find(c.error), std::string::npos) << result.err;
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+        EXPECT_TRUE(result.out.empty());
+    }
+    EXPECT_TRUE(machine.files.contents.empty());
+
+    machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };
+    const Answer unwritable = run({"render", "--design", "-"}, design);
+    EXPECT_EQ(unwritable.code, failed);
+    EXPECT_EQ(unwritable.err, "orvel: widget.png: can't write: No such file or directory\n");
+    std::filesystem::remove_all(folder);
+}
+
+TEST_F(Command, InspectListsTreeAndMarks) {
+    const Answer result = run({"inspect", "--design", "-", "--family", "medium"}, design);
+    ASSERT_EQ(result.code, done) << result.err;
+    EXPECT_FALSE(json::read(result.out, [](json::Value&) { return true; }));
+    EXPECT_TRUE(result.out.starts_with(
+        R"({"family":"medium","size":[364,170],"background":"#161619FF","tree":{"view":"containerBackground",)"))
+        << result.out;
+    // Symbol 16, headline 42, caption 12 high, in a column from 16 to 154.
+    const auto marks = result.out.substr(result.out.find("\"marks\""));
+    EXPECT_NE(marks.find(R"([{"mark":"symbol","frame":[16,16,16,16],"name":"flag.fill","color":"#FF0000FF"})"),
+              std::string::npos)
+        << marks;
+    EXPECT_NE(marks.find(R"({"mark":"text","frame":[16,100,)"), std::string::npos) << marks;
+    EXPECT_NE(marks.find(R"(,42],"text":"42","font":{"size":34,"weight":800},"color":"#FFFFFFD9","baseline":133.)"),
+              std::string::npos)
+        << marks;
+    EXPECT_NE(marks.find(R"(,12],"text":"FIRST","font":{"size":9.5,"weight":700},"color":"#FFFFFF8C","baseline":)"),
+              std::string::npos)
+        << marks;
+    EXPECT_TRUE(marks.ends_with("\"lines\":1}]}\n")) << marks;
+}
+
+TEST_F(Command, TimelineShowsTheThreeAnswers) {
+    EXPECT_EQ(run({"timeline"}).out, R"({"placeholder":{"date":1000,"spec":null},"snapshot":{"date":1001,"spec":null},)"
+                                     R"("timeline":{"entries":[{"date":1002,"spec":null}],"reload":4603}})"
+                                     "\n");
+    machine.storedList() = std::string("[") + design + "]";
+    const std::string entry = std::string(R"({"date":0.25,"spec":)") + design + "}";
+    EXPECT_EQ(run({"timeline", "--at", "2001-01-01T00:00:00.25Z"}).out,
+              "{\"placeholder\":" + entry + ",\"snapshot\":" + entry + ",\"timeline\":{\"entries\":[" + entry +
+                  "],\"reload\":3600.25}}\n");
+}
+
+TEST_F(Command, GalleryIsTheSameEveryDay) {
+    EXPECT_EQ(run({"gallery", "--scale", "1"}).code, done);
+    EXPECT_EQ(run({"gallery", "--scale", "1", "-o", "again.png"}).code, done);
+    EXPECT_FALSE(machine.files.contents["gallery.png"].empty());
+    EXPECT_EQ(machine.files.contents["gallery.png"], machine.files.contents["again.png"]);
+}
+
+TEST_F(Command, HelpIsNoFailure) {
+    const Answer help = run({"render", "--help"});
+    EXPECT_EQ(help.code, done);
+    EXPECT_NE(help.out.find("--design"), std::string::npos);
+    EXPECT_TRUE(help.err.empty());
+}
+
+}  // namespace
+}  // namespace orvel::tools
