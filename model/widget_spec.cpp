@@ -56,7 +56,7 @@ std::string_view rawValue(WidgetSpec::Kind kind) {
 }
 
 std::optional<WidgetSpec::Kind> kindFromRawValue(std::string_view text) {
-    for (const auto kind : WidgetSpec::allKinds)
+    for (const auto kind : WidgetSpec::allCases)
         if (rawValue(kind) == text) return kind;
     return std::nullopt;
 }

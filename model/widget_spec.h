@@ -17,7 +17,7 @@ namespace orvel {
 struct WidgetSpec {
     enum class Kind : std::uint8_t { metric, progress, list, note, countdown };
 
-    static constexpr std::array allKinds{Kind::metric, Kind::progress, Kind::list, Kind::note, Kind::countdown};
+    static constexpr std::array allCases{Kind::metric, Kind::progress, Kind::list, Kind::note, Kind::countdown};
 
     /// The constructor's arguments, in field order. `title` and `kind` must be given; an absent `id` becomes a fresh
     /// random UUID and an absent `createdAt` the current instant.

@@ -11,12 +11,26 @@ namespace {
 
 using Reason = DecodingFailure::Reason;
 
-enum Key { id, title, kind, accentHex, symbol, primary, secondary, items, progress, targetISO8601, createdAt, count };
+enum CodingKeys {
+    id,
+    title,
+    kind,
+    accentHex,
+    symbol,
+    primary,
+    secondary,
+    items,
+    progress,
+    targetISO8601,
+    createdAt,
+    count
+};
 
-constexpr std::array<std::string_view, Key::count> names{"id",       "title",         "kind",      "accentHex",
-                                                         "symbol",   "primary",       "secondary", "items",
-                                                         "progress", "targetISO8601", "createdAt"};
-constexpr std::array requiredKeys{Key::id, Key::title, Key::kind, Key::accentHex, Key::symbol, Key::createdAt};
+constexpr std::array<std::string_view, CodingKeys::count> names{"id",       "title",         "kind",      "accentHex",
+                                                                "symbol",   "primary",       "secondary", "items",
+                                                                "progress", "targetISO8601", "createdAt"};
+constexpr std::array requiredKeys{CodingKeys::id,        CodingKeys::title,  CodingKeys::kind,
+                                  CodingKeys::accentHex, CodingKeys::symbol, CodingKeys::createdAt};
 
 class RecordDecoder {
 public:
@@ -26,7 +40,7 @@ public:
         if (value.kind() != json::Kind::object) return fail(mismatch(value), {}, value.offset());
         if (!value.members([&](std::string_view name, json::Value& member) { return take(name, member, spec); }))
             return false;
-        for (const Key key : requiredKeys)
+        for (const CodingKeys key : requiredKeys)
             if (!(seen_ & 1U << key)) return fail(Reason::keyNotFound, names[key], value.offset());
         return true;
     }
@@ -39,19 +53,20 @@ private:
         while (key < names.size() && names[key] != name) ++key;
         if (key == names.size() || seen_ & 1U << key) return true;
         seen_ |= 1U << key;
-        switch (static_cast<Key>(key)) {
-            case Key::id: return text(value, name, spec.id);
-            case Key::title: return text(value, name, spec.title);
-            case Key::kind: return kindName(value, spec.kind);
-            case Key::accentHex: return text(value, name, spec.accentHex);
-            case Key::symbol: return text(value, name, spec.symbol);
-            case Key::primary: return optionalText(value, name, spec.primary);
-            case Key::secondary: return optionalText(value, name, spec.secondary);
-            case Key::items: return optionalTexts(value, spec.items);
-            case Key::progress: return value.kind() == json::Kind::null || number(value, name, spec.progress.emplace());
-            case Key::targetISO8601: return optionalText(value, name, spec.targetISO8601);
-            case Key::createdAt: return number(value, name, spec.createdAt.timeIntervalSinceReferenceDate);
-            case Key::count: break;
+        switch (static_cast<CodingKeys>(key)) {
+            case CodingKeys::id: return text(value, name, spec.id);
+            case CodingKeys::title: return text(value, name, spec.title);
+            case CodingKeys::kind: return kindName(value, spec.kind);
+            case CodingKeys::accentHex: return text(value, name, spec.accentHex);
+            case CodingKeys::symbol: return text(value, name, spec.symbol);
+            case CodingKeys::primary: return optionalText(value, name, spec.primary);
+            case CodingKeys::secondary: return optionalText(value, name, spec.secondary);
+            case CodingKeys::items: return optionalTexts(value, spec.items);
+            case CodingKeys::progress:
+                return value.kind() == json::Kind::null || number(value, name, spec.progress.emplace());
+            case CodingKeys::targetISO8601: return optionalText(value, name, spec.targetISO8601);
+            case CodingKeys::createdAt: return number(value, name, spec.createdAt.timeIntervalSinceReferenceDate);
+            case CodingKeys::count: break;
         }
         return true;
     }
@@ -69,10 +84,10 @@ private:
 
     bool optionalTexts(json::Value& value, std::optional<std::vector<std::string>>& field) {
         if (value.kind() == json::Kind::null) return true;
-        if (value.kind() != json::Kind::array) return fail(mismatch(value), names[Key::items], value.offset());
+        if (value.kind() != json::Kind::array) return fail(mismatch(value), names[CodingKeys::items], value.offset());
         auto& list = field.emplace();
         return value.elements(
-            [&](json::Value& element) { return text(element, names[Key::items], list.emplace_back()); });
+            [&](json::Value& element) { return text(element, names[CodingKeys::items], list.emplace_back()); });
     }
 
     bool number(json::Value& value, std::string_view name, double& field) {
@@ -83,11 +98,11 @@ private:
     }
 
     bool kindName(json::Value& value, WidgetSpec::Kind& field) {
-        if (value.kind() != json::Kind::string) return fail(mismatch(value), names[Key::kind], value.offset());
+        if (value.kind() != json::Kind::string) return fail(mismatch(value), names[CodingKeys::kind], value.offset());
         const auto string = value.string();
         if (!string) return false;
         const auto known = kindFromRawValue(*string);
-        if (!known) return fail(Reason::unknownKind, names[Key::kind], value.offset());
+        if (!known) return fail(Reason::unknownKind, names[CodingKeys::kind], value.offset());
         field = *known;
         return true;
     }
@@ -113,7 +128,7 @@ DecodingFailure malformed(json::SyntaxFailure failure) {
     return {Reason::malformed, {}, std::nullopt, failure.offset, std::move(failure.reason)};
 }
 
-void writeOptional(json::Writer& writer, Key key, const std::optional<std::string>& field) {
+void writeOptional(json::Writer& writer, CodingKeys key, const std::optional<std::string>& field) {
     if (field) writer.key(names[key]).string(*field);
 }
 
@@ -163,21 +178,21 @@ Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text) {
 
 void write(json::Writer& writer, const WidgetSpec& spec) {
     writer.beginObject();
-    writer.key(names[Key::id]).string(spec.id);
-    writer.key(names[Key::title]).string(spec.title);
-    writer.key(names[Key::kind]).string(rawValue(spec.kind));
-    writer.key(names[Key::accentHex]).string(spec.accentHex);
-    writer.key(names[Key::symbol]).string(spec.symbol);
-    writeOptional(writer, Key::primary, spec.primary);
-    writeOptional(writer, Key::secondary, spec.secondary);
+    writer.key(names[CodingKeys::id]).string(spec.id);
+    writer.key(names[CodingKeys::title]).string(spec.title);
+    writer.key(names[CodingKeys::kind]).string(rawValue(spec.kind));
+    writer.key(names[CodingKeys::accentHex]).string(spec.accentHex);
+    writer.key(names[CodingKeys::symbol]).string(spec.symbol);
+    writeOptional(writer, CodingKeys::primary, spec.primary);
+    writeOptional(writer, CodingKeys::secondary, spec.secondary);
     if (spec.items) {
-        writer.key(names[Key::items]).beginArray();
+        writer.key(names[CodingKeys::items]).beginArray();
         for (const auto& item : *spec.items) writer.string(item);
         writer.endArray();
     }
-    if (spec.progress) writer.key(names[Key::progress]).number(*spec.progress);
-    writeOptional(writer, Key::targetISO8601, spec.targetISO8601);
-    writer.key(names[Key::createdAt]).number(spec.createdAt.timeIntervalSinceReferenceDate);
+    if (spec.progress) writer.key(names[CodingKeys::progress]).number(*spec.progress);
+    writeOptional(writer, CodingKeys::targetISO8601, spec.targetISO8601);
+    writer.key(names[CodingKeys::createdAt]).number(spec.createdAt.timeIntervalSinceReferenceDate);
     writer.endObject();
 }
 

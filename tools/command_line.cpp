@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <map>
+#include <new>
 
 #include "platform/foundation/iso8601.h"
 #include "tools/commands.h"
@@ -66,6 +67,7 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
     Arguments arguments;
     CLI::App app("Small cards for the desktop: draws and explains the designs in your store.", "orvel");
     app.require_subcommand(0, 1);
+    app.set_version_flag("--version", ORVEL_VERSION);
 
     CLI::App& renderCommand = *app.add_subcommand("render", "Draw the card that the desktop would show");
     addCardOptions(renderCommand, arguments);
@@ -84,6 +86,9 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
         const auto chosen = app.get_subcommands();
         console.out << (chosen.empty() ? app.help() : chosen.front()->help());
         return done;
+    } catch (const CLI::CallForVersion&) {
+        console.out << "orvel " ORVEL_VERSION "\n";
+        return done;
     } catch (const CLI::ParseError& error) {
         console.err << "orvel: " << firstLine(error.what()) << " (orvel --help lists the options)\n";
         return wrongUsage;
@@ -92,12 +97,16 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
     const FixedClock chosenClock(arguments.card.at.value_or(Date{}));
     const Platform chosen{arguments.card.at ? chosenClock : platform.clock, platform.files, platform.accounts,
                           platform.timeZone, platform.identities};
-    const auto outcome = renderCommand.parsed()     ? render(arguments.card, arguments.drawing, chosen, console)
-                         : inspectCommand.parsed()  ? inspect(arguments.card, chosen, console)
-                         : timelineCommand.parsed() ? timeline(chosen, console)
-                                                    : gallery(arguments.drawing, chosen, console);
-    if (outcome) return done;
-    console.err << "orvel: " << outcome.failure().reason << '\n';
+    try {
+        const auto outcome = renderCommand.parsed()     ? render(arguments.card, arguments.drawing, chosen, console)
+                             : inspectCommand.parsed()  ? inspect(arguments.card, chosen, console)
+                             : timelineCommand.parsed() ? timeline(chosen, console)
+                                                        : gallery(arguments.drawing, chosen, console);
+        if (outcome) return done;
+        console.err << "orvel: " << outcome.failure().reason << '\n';
+    } catch (const std::bad_alloc&) {
+        console.err << "orvel: out of memory\n";
+    }
     return failed;
 }
 

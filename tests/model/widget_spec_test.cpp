@@ -93,7 +93,7 @@ TEST(WidgetSpec, EqualityComparesEveryField) {
 
 TEST(WidgetSpec, KindsHaveTheirNamesInOrder) {
     std::string names;
-    for (const Kind kind : WidgetSpec::allKinds) {
+    for (const Kind kind : WidgetSpec::allCases) {
         EXPECT_EQ(kindFromRawValue(rawValue(kind)), kind);
         names += std::string(rawValue(kind)) + " ";
     }
@@ -239,7 +239,7 @@ TEST(WidgetSpecJSON, RandomDesignsSurviveTheRoundTrip) {
         WidgetSpec spec = full();
         spec.id = text();
         spec.title = text();
-        spec.kind = WidgetSpec::allKinds[random() % 5];
+        spec.kind = WidgetSpec::allCases[random() % 5];
         spec.primary = chance() ? std::optional(text()) : std::nullopt;
         spec.items = chance() ? std::optional(std::vector<std::string>(random() % 8, text())) : std::nullopt;
         spec.progress = chance() ? std::optional(std::ldexp(static_cast<double>(random()), -70)) : std::nullopt;

@@ -144,6 +144,7 @@ TEST_F(Command, HelpIsNoFailure) {
     EXPECT_EQ(help.code, done);
     EXPECT_NE(help.out.find("--design"), std::string::npos);
     EXPECT_TRUE(help.err.empty());
+    EXPECT_TRUE(run({"--version"}).out.starts_with("orvel "));
 }
 
 }  // namespace
