@@ -11,9 +11,9 @@
 namespace orvel::tools {
 
 struct CardChoices {
-    std::optional<std::string> design;  ///< a file of one design, or of a list whose first counts; absent: the store
+    std::optional<std::string> design =
+        {};  ///< a file of one design, or of a list whose first counts; absent: the store
     WidgetFamily family = WidgetFamily::systemSmall;
-    std::optional<Date> at;  ///< absent: the clock
 };
 
 /// The view of the entry that the widget's timeline shows now, or of the given design.

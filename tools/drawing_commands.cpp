@@ -1,0 +1,105 @@
+// render, inspect, timeline and gallery.
+#include <map>
+
+#include "platform/foundation/iso8601.h"
+#include "tools/app.h"
+#include "tools/commands.h"
+
+namespace orvel::tools {
+namespace {
+
+const std::map<std::string, WidgetFamily> families{{"small", WidgetFamily::systemSmall},
+                                                   {"medium", WidgetFamily::systemMedium}};
+
+// CLI::Range takes not-a-number for a number in any range.
+const CLI::Validator validScale(
+    [](const std::string& text) {
+        double scale = 0;
+        return CLI::detail::lexical_cast(text, scale) && scale >= 1 && scale <= 8 ? "" : text + " is not from 1 to 8";
+    },
+    "", "");
+
+void addInstantOption(CLI::App& command, Session& session) {
+    const auto parse = [&session](const std::string& text) {
+        session.at = iso8601::dateTime(text, iso8601::Fraction::allowed);
+        if (!session.at) throw CLI::ValidationError("--at", text + " is no RFC 3339 date-time");
+    };
+    command.add_option_function<std::string>("--at", parse, "The moment to show, such as 2026-01-31T09:00:00Z")
+        ->type_name("INSTANT");
+}
+
+void addCardOptions(CLI::App& command, Session& session, CardChoices& card) {
+    command.add_option("--design", card.design, "A design, or a list whose first counts; - is standard input")
+        ->type_name("FILE|-");
+    command.add_option("--family", card.family, "The card's size (default: small)")
+        ->transform(CLI::CheckedTransformer(families))
+        ->type_name("small|medium");
+    addInstantOption(command, session);
+}
+
+void addDrawingOptions(CLI::App& command, DrawingChoices& drawing) {
+    command.add_option("--scale", drawing.scale, "Pixels to the point in a PNG, 1 to 8 (default: 2)")
+        ->check(validScale)
+        ->type_name("N");
+    command
+        .add_option("-o,--output", drawing.output,
+                    "A .png, .svg or .pdf file; - is PNG on standard output (default: " + drawing.output + ")")
+        ->type_name("FILE|-");
+}
+
+void addRender(CLI::App& app, Session& session) {
+    struct Choices {
+        CardChoices card;
+        DrawingChoices drawing{.output = "widget.png"};
+    };
+    const auto choices = std::make_shared<Choices>();
+    CLI::App& command = *app.add_subcommand("render", "Draw the card that the desktop would show");
+    addCardOptions(command, session, choices->card);
+    addDrawingOptions(command, choices->drawing);
+    command.callback([&session, choices] {
+        session.operation = [&session, choices](const Platform& platform) {
+            return render(choices->card, choices->drawing, platform, session.console);
+        };
+    });
+}
+
+void addInspect(CLI::App& app, Session& session) {
+    const auto card = std::make_shared<CardChoices>();
+    CLI::App& command = *app.add_subcommand("inspect", "Print a card's view tree and marks as JSON");
+    addCardOptions(command, session, *card);
+    command.callback([&session, card] {
+        session.operation = [&session, card](const Platform& platform) {
+            return inspect(*card, platform, session.console);
+        };
+    });
+}
+
+void addTimeline(CLI::App& app, Session& session) {
+    CLI::App& command = *app.add_subcommand("timeline", "Print the placeholder, snapshot and timeline as JSON");
+    addInstantOption(command, session);
+    command.callback([&session] {
+        session.operation = [&session](const Platform& platform) { return timeline(platform, session.console); };
+    });
+}
+
+void addGallery(CLI::App& app, Session& session) {
+    const auto drawing = std::make_shared<DrawingChoices>(DrawingChoices{.output = "gallery.png"});
+    CLI::App& command = *app.add_subcommand("gallery", "Draw all kinds of cards in both sizes");
+    addDrawingOptions(command, *drawing);
+    command.callback([&session, drawing] {
+        session.operation = [&session, drawing](const Platform& platform) {
+            return gallery(*drawing, platform, session.console);
+        };
+    });
+}
+
+}  // namespace
+
+void addDrawingCommands(CLI::App& app, Session& session) {
+    addRender(app, session);
+    addInspect(app, session);
+    addTimeline(app, session);
+    addGallery(app, session);
+}
+
+}  // namespace orvel::tools
