@@ -1,9 +1,11 @@
 // The designs on disk: one folder under the user's home directory, shared by the designer application and the widget.
-// No state in memory: each call resolves the folder and reads the file anew. Failures are absorbed here and nowhere
-// else: what can't be read is an empty list. Any thread may call; a reader sees an old or a new file whole.
+// No state in memory: each call resolves the folder and works on the files anew. Failures are absorbed here and nowhere
+// else: what can't be read is an empty list or no design, what can't be written changes nothing. Any thread may call; a
+// reader sees an old or a new file whole. There is no lock: of two overlapping changes the later one stays.
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -19,11 +21,28 @@ inline constexpr std::string_view appGroup = "group.app.orvel.shared";
 /// created when missing; whether that succeeded doesn't show.
 std::filesystem::path dir(const Platform& platform = Platform::system());
 
-/// The list of designs.
-std::filesystem::path listFile(const Platform& platform = Platform::system());
-
 /// The stored designs in file order, as decoded; duplicates included. Empty when the file is missing, unreadable, not
 /// entirely valid, or too large for memory.
 std::vector<WidgetSpec> load(const Platform& platform = Platform::system());
+
+/// Replaces the list. One that can't be encoded (a `progress` that isn't finite, a text that isn't UTF-8) changes
+/// nothing.
+void save(const std::vector<WidgetSpec>& specs, const Platform& platform = Platform::system());
+
+/// Puts the design first, in place of all others with its id, and saves. Returns the new list, saved or not.
+std::vector<WidgetSpec> add(WidgetSpec spec, const Platform& platform = Platform::system());
+
+/// Removes every design with that id, and saves in any case.
+void remove(std::string_view id, const Platform& platform = Platform::system());
+
+/// Keeps one design beside the list, or none. One that can't be encoded counts as none.
+void setPending(const std::optional<WidgetSpec>& spec, const Platform& platform = Platform::system());
+
+/// The design kept beside the list. Reading it leaves it there.
+std::optional<WidgetSpec> pending(const Platform& platform = Platform::system());
+
+/// The lists that `add` and `remove` save, as a calculation. Ids are equal by canonical equivalence.
+std::vector<WidgetSpec> adding(WidgetSpec spec, std::vector<WidgetSpec> specs);
+std::vector<WidgetSpec> removing(std::string_view id, std::vector<WidgetSpec> specs);
 
 }  // namespace orvel::WidgetStore

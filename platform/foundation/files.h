@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -16,6 +17,12 @@ struct FileFailure {
 
     /// "can't open: No such file or directory"
     std::string message() const { return "can't " + std::string(operation) + ": " + code.message(); }
+};
+
+/// Held as long as the object lives.
+class FolderLock {
+public:
+    virtual ~FolderLock() = default;
 };
 
 class Files {
@@ -36,6 +43,9 @@ public:
 
     /// Makes the folder and every missing parent. A folder that exists is success.
     virtual Result<Done, FileFailure> createFolders(const std::filesystem::path& path) = 0;
+
+    /// Waits until no other process holds the folder's advisory lock, and takes it.
+    virtual Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder) = 0;
 
     /// 512 MiB: more than any store holds, little enough for any machine that shows one.
     static constexpr std::size_t largest = std::size_t{512} << 20;

@@ -1,7 +1,9 @@
 #include "platform/foundation/posix_files.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -79,6 +81,10 @@ Result<std::string, FileFailure> readAll(int descriptor, std::size_t expected) {
     return bytes;
 }
 
+path folderOf(const path& file) {
+    return file.has_parent_path() ? file.parent_path() : path(".");
+}
+
 std::optional<FileFailure> writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t count = retryingOnSignal([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
@@ -100,12 +106,58 @@ Result<path, FileFailure> behindLinks(path name) {
     return failure("follow the link", ELOOP);
 }
 
-path temporaryNameBeside(const path& target) {
+// A temporary file is named NAME.tmp-PROCESS-NUMBER.
+constexpr std::string_view temporaryMark = ".tmp-";
+
+struct NewFile {
+    path name;
+    Descriptor descriptor;
+};
+
+Result<std::unique_ptr<NewFile>, FileFailure> createTemporaryBeside(const path& target) {
     static std::atomic<unsigned> counter{0};
-    path name = target;
-    name += ".tmp-" + std::to_string(::getpid()) + "-" + std::to_string(counter++);
-    return name;
+    for (;;) {
+        path name = target;
+        name += std::string(temporaryMark) + std::to_string(::getpid()) + "-" + std::to_string(counter++);
+        const int descriptor =
+            retryingOnSignal([&] { return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
+        if (descriptor >= 0) return std::unique_ptr<NewFile>(new NewFile{name, Descriptor(descriptor)});
+        // Left by a process that had our number before us.
+        if (errno != EEXIST) return failure("create a file beside");
+    }
 }
+
+bool isStale(const path& name) {
+    constexpr time_t oneDay = 24 * 60 * 60;
+    struct stat status;
+    return ::lstat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode) && ::time(nullptr) - status.st_mtime > oneDay;
+}
+
+void sweepStaleTemporaries(const path& target) {
+    const std::string beginning = target.filename().string() + std::string(temporaryMark);
+    std::error_code code;
+    for (std::filesystem::directory_iterator entry(folderOf(target), code), end; !code && entry != end;
+         entry.increment(code))
+        if (entry->path().filename().string().starts_with(beginning) && isStale(entry->path()))
+            ::unlink(entry->path().c_str());
+}
+
+std::optional<FileFailure> syncFolder(const path& folder) {
+    const Descriptor file(retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    // A folder may allow changes but no reading, and some file systems can't sync one.
+    if (!file.isOpen()) return errno == EACCES ? std::nullopt : std::optional(failure("open the folder"));
+    if (::fsync(file.number()) != 0 && errno != EINVAL) return failure("sync the folder");
+    return std::nullopt;
+}
+
+class PosixFolderLock final : public FolderLock {
+public:
+    explicit PosixFolderLock(int descriptor) : descriptor_(descriptor) {}
+    int number() const { return descriptor_.number(); }
+
+private:
+    Descriptor descriptor_;  // closing it ends the lock
+};
 
 }  // namespace
 
@@ -133,24 +185,21 @@ Result<Done, FileFailure> PosixFiles::replace(const path& name, std::string_view
     const bool exists = ::stat(target->c_str(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode)) return failure("replace", S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
 
-    const path temporaryName = temporaryNameBeside(*target);
-    Descriptor file(
-        retryingOnSignal([&] { return ::open(temporaryName.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); }));
-    if (!file.isOpen()) return failure("create a file beside");
-    Temporary temporary(temporaryName);
+    const auto created = createTemporaryBeside(*target);
+    if (!created) return created.failure();
+    Descriptor& file = (*created)->descriptor;
+    Temporary temporary((*created)->name);
 
     if (exists && ::fchmod(file.number(), old.st_mode & 07777) != 0) return failure("set the mode of");
     if (auto failed = writeAll(file.number(), bytes)) return *failed;
     if (::fsync(file.number()) != 0) return failure("sync");
-    if (file.close() != 0) return failure("close");
-    if (::rename(temporaryName.c_str(), target->c_str()) != 0) return failure("rename");
+    // Interrupted or not, the descriptor is gone, and the content has been synced.
+    if (file.close() != 0 && errno != EINTR) return failure("close");
+    if (::rename((*created)->name.c_str(), target->c_str()) != 0) return failure("rename");
     temporary.keep();
 
-    const path folder = target->has_parent_path() ? target->parent_path() : path(".");
-    const Descriptor folderFile(
-        retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    // Some file systems can't sync a folder (EINVAL); the new content is in place either way.
-    if (folderFile.isOpen() && ::fsync(folderFile.number()) != 0 && errno != EINVAL) return failure("sync the folder");
+    if (auto failed = syncFolder(folderOf(*target))) return *failed;
+    sweepStaleTemporaries(*target);
     return Done{};
 }
 
@@ -164,6 +213,14 @@ Result<Done, FileFailure> PosixFiles::createFolders(const path& name) {
     std::filesystem::create_directories(name, code);
     if (code) return FileFailure{"create", code};
     return Done{};
+}
+
+Result<std::unique_ptr<FolderLock>, FileFailure> PosixFiles::lock(const path& folder) {
+    auto lock = std::make_unique<PosixFolderLock>(
+        retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (lock->number() < 0) return failure("open");
+    if (retryingOnSignal([&] { return ::flock(lock->number(), LOCK_EX); }) != 0) return failure("lock");
+    return std::unique_ptr<FolderLock>(std::move(lock));
 }
 
 }  // namespace orvel

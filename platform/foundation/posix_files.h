@@ -11,6 +11,7 @@ public:
     Result<Done, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes) override;
     Result<Done, FileFailure> remove(const std::filesystem::path& path) override;
     Result<Done, FileFailure> createFolders(const std::filesystem::path& path) override;
+    Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder) override;
 };
 
 }  // namespace orvel

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "tests/support/fakes.h"
 
 namespace orvel {
@@ -64,15 +66,96 @@ TEST(WidgetStore, AbsorbsEveryFailure) {
 }
 
 TEST(WidgetStore, OutlivesLackOfMemory) {
-    class FullMemory final : public Files {
+    class FullMemory final : public test::MemoryFiles {
         Result<std::string, FileFailure> read(const std::filesystem::path&) override { throw std::bad_alloc(); }
-        Result<Done, FileFailure> replace(const std::filesystem::path&, std::string_view) override { return Done{}; }
-        Result<Done, FileFailure> remove(const std::filesystem::path&) override { return Done{}; }
-        Result<Done, FileFailure> createFolders(const std::filesystem::path&) override { return Done{}; }
     } files;
     FakeMachine machine;
     const Platform platform{machine.clock, files, machine.accounts, machine.zone, machine.identities};
     EXPECT_TRUE(WidgetStore::load(platform).empty());
+}
+
+std::string ids(const std::vector<WidgetSpec>& specs) {
+    std::string ids;
+    for (const auto& spec : specs) ids += spec.id;
+    return ids;
+}
+
+WidgetSpec design(const std::string& id, const std::string& title = "") {
+    return WidgetSpec({.id = id, .title = title, .kind = WidgetSpec::Kind::note, .createdAt = Date{}});
+}
+
+WidgetSpec unwritable() {
+    WidgetSpec spec = design("X");
+    spec.progress = std::numeric_limits<double>::infinity();
+    return spec;
+}
+
+TEST(WidgetStore, AddsAtTheFrontInPlaceOfTheSameId) {
+    FakeMachine machine;
+    WidgetStore::save({design("A"), design("B"), design("C")}, machine.platform);
+    EXPECT_EQ(ids(WidgetStore::add(design("D"), machine.platform)), "DABC");
+    EXPECT_EQ(ids(WidgetStore::add(design("B", "changed"), machine.platform)), "BDAC");
+    EXPECT_EQ(WidgetStore::load(machine.platform).front().title, "changed");
+
+    machine.storedList() = "[" + record("A") + "," + record("é") + "," + record("A") + "]";
+    EXPECT_EQ(ids(WidgetStore::add(design("A"), machine.platform)), "Aé");
+    EXPECT_EQ(ids(WidgetStore::add(design("e\u0301"), machine.platform)), "e\u0301A") << "canonically the same id";
+
+    for (const char* invalid : {"", "{}", "[{}]"}) {
+        machine.storedList() = invalid;
+        WidgetStore::add(design("A"), machine.platform);
+        EXPECT_EQ(ids(WidgetStore::load(machine.platform)), "A") << invalid;
+    }
+    machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };
+    EXPECT_EQ(ids(WidgetStore::add(design("B"), machine.platform)), "BA") << "saved or not";
+    EXPECT_EQ(ids(WidgetStore::load(machine.platform)), "A");
+}
+
+TEST(WidgetStore, RemovesAndSavesInAnyCase) {
+    FakeMachine machine;
+    WidgetStore::save({design("A"), design("B"), design("A")}, machine.platform);
+    WidgetStore::remove("A", machine.platform);
+    EXPECT_EQ(ids(WidgetStore::load(machine.platform)), "B");
+    machine.storedList() = " " + machine.storedList();
+    WidgetStore::remove("none", machine.platform);
+    EXPECT_TRUE(machine.storedList().starts_with("[{")) << "rewritten";
+    machine.storedList() = "invalid";
+    WidgetStore::remove("A", machine.platform);
+    EXPECT_EQ(machine.storedList(), "[]");
+    machine.files.contents.clear();
+    WidgetStore::remove("A", machine.platform);
+    EXPECT_EQ(machine.storedList(), "[]");
+}
+
+TEST(WidgetStore, AListThatCantBeEncodedTouchesNothing) {
+    FakeMachine machine;
+    WidgetStore::save({design("A"), unwritable()}, machine.platform);
+    EXPECT_TRUE(machine.files.calls.empty()) << "not even the folder";
+}
+
+TEST(WidgetStore, KeepsOnePendingDesign) {
+    FakeMachine machine;
+    EXPECT_EQ(WidgetStore::pending(machine.platform), std::nullopt);
+    WidgetStore::setPending(std::nullopt, machine.platform);
+    EXPECT_TRUE(machine.files.contents.empty());
+
+    WidgetStore::setPending(design("A", "kept"), machine.platform);
+    EXPECT_EQ(WidgetStore::pending(machine.platform), design("A", "kept"));
+    EXPECT_EQ(WidgetStore::pending(machine.platform), design("A", "kept")) << "reading leaves it";
+    EXPECT_TRUE(WidgetStore::load(machine.platform).empty());
+
+    machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };
+    WidgetStore::setPending(design("B"), machine.platform);
+    EXPECT_EQ(WidgetStore::pending(machine.platform)->id, "A") << "a failed write changes nothing";
+    machine.files.fails = nullptr;
+    WidgetStore::setPending(unwritable(), machine.platform);
+    EXPECT_TRUE(machine.files.contents.empty()) << "what can't be encoded counts as none";
+    WidgetStore::setPending(design("A"), machine.platform);
+    WidgetStore::setPending(std::nullopt, machine.platform);
+    EXPECT_TRUE(machine.files.contents.empty());
+
+    machine.files.contents[std::string(FakeMachine::storeFolder) + "widget_pending.json"] = "[" + record("A") + "]";
+    EXPECT_EQ(WidgetStore::pending(machine.platform), std::nullopt);
 }
 
 }  // namespace

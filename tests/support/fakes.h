@@ -26,7 +26,7 @@ private:
     mutable Date next_;
 };
 
-class MemoryFiles final : public Files {
+class MemoryFiles : public Files {
 public:
     std::map<std::string, std::string> contents;
     std::set<std::string> folders;
@@ -50,6 +50,10 @@ public:
         if (failing("createFolders " + path.string())) return missing("create");
         folders.insert(path.string());
         return Done{};
+    }
+    Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder) override {
+        if (failing("lock " + folder.string())) return missing("lock");
+        return std::make_unique<FolderLock>();
     }
 
 private:
