@@ -1,6 +1,7 @@
 #include "model/widget_spec_json.h"
 
 #include <array>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -29,19 +30,25 @@ enum CodingKeys {
 constexpr std::array<std::string_view, CodingKeys::count> names{"id",       "title",         "kind",      "accentHex",
                                                                 "symbol",   "primary",       "secondary", "items",
                                                                 "progress", "targetISO8601", "createdAt"};
+constexpr std::array requiredOfAPerson{CodingKeys::title, CodingKeys::kind};
 constexpr std::array requiredKeys{CodingKeys::id,        CodingKeys::title,  CodingKeys::kind,
                                   CodingKeys::accentHex, CodingKeys::symbol, CodingKeys::createdAt};
 
 class RecordDecoder {
 public:
+    explicit RecordDecoder(std::span<const CodingKeys> required = requiredKeys) : required_(required) {}
+
+    // Whether the record decoded last had that member.
+    bool has(CodingKeys key) const { return (seen_ & 1U << key) != 0; }
+
     // Fills `spec`; false when the record is no design, and `failure` then says why unless the syntax is bad.
     bool decode(json::Value& value, WidgetSpec& spec) {
         seen_ = 0;
         if (value.kind() != json::Kind::object) return fail(mismatch(value), {}, value.offset());
         if (!value.members([&](std::string_view name, json::Value& member) { return take(name, member, spec); }))
             return false;
-        for (const CodingKeys key : requiredKeys)
-            if (!(seen_ & 1U << key)) return fail(Reason::keyNotFound, names[key], value.offset());
+        for (const CodingKeys key : required_)
+            if (!has(key)) return fail(Reason::keyNotFound, names[key], value.offset());
         return true;
     }
 
@@ -51,7 +58,7 @@ private:
     bool take(std::string_view name, json::Value& value, WidgetSpec& spec) {
         std::size_t key = 0;
         while (key < names.size() && names[key] != name) ++key;
-        if (key == names.size() || seen_ & 1U << key) return true;
+        if (key == names.size() || has(static_cast<CodingKeys>(key))) return true;
         seen_ |= 1U << key;
         switch (static_cast<CodingKeys>(key)) {
             case CodingKeys::id: return text(value, name, spec.id);
@@ -116,6 +123,7 @@ private:
         return false;
     }
 
+    std::span<const CodingKeys> required_;
     unsigned seen_ = 0;  // one bit per key
 };
 
@@ -128,6 +136,14 @@ DecodingFailure malformed(json::SyntaxFailure failure) {
     return {Reason::malformed, {}, std::nullopt, failure.offset, std::move(failure.reason)};
 }
 
+Result<WidgetSpec, DecodingFailure> decodeOne(std::string text, RecordDecoder& decoder) {
+    WidgetSpec spec = blank();
+    if (auto syntax = json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, spec); }))
+        return malformed(std::move(*syntax));
+    if (decoder.failure) return std::move(*decoder.failure);
+    return spec;
+}
+
 void writeOptional(json::Writer& writer, CodingKeys key, const std::optional<std::string>& field) {
     if (field) writer.key(names[key]).string(*field);
 }
@@ -135,7 +151,7 @@ void writeOptional(json::Writer& writer, CodingKeys key, const std::optional<std
 }  // namespace
 
 std::string DecodingFailure::message() const {
-    const std::string where = index ? "element " + std::to_string(*index) + ": " : "";
+    const std::string where = index ? "design @" + std::to_string(*index + 1) + ": " : "";
     const std::string what = key.empty() ? (index ? "it" : "the text") : '"' + key + '"';
     switch (reason) {
         case Reason::malformed: return where + "not valid JSON at byte " + std::to_string(offset) + ": " + detail;
@@ -150,12 +166,25 @@ std::string DecodingFailure::message() const {
 namespace WidgetSpecJSON {
 
 Result<WidgetSpec, DecodingFailure> decode(std::string text) {
-    WidgetSpec spec = blank();
     RecordDecoder decoder;
-    if (auto syntax = json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, spec); }))
-        return malformed(std::move(*syntax));
-    if (decoder.failure) return std::move(*decoder.failure);
-    return spec;
+    return decodeOne(std::move(text), decoder);
+}
+
+Result<WidgetSpec::Fields, DecodingFailure> decodeFields(std::string text) {
+    RecordDecoder decoder(requiredOfAPerson);
+    auto spec = decodeOne(std::move(text), decoder);
+    if (!spec) return spec.failure();
+    WidgetSpec::Fields fields{.title = std::move(spec->title), .kind = spec->kind};
+    if (decoder.has(CodingKeys::id)) fields.id = std::move(spec->id);
+    if (decoder.has(CodingKeys::accentHex)) fields.accentHex = std::move(spec->accentHex);
+    if (decoder.has(CodingKeys::symbol)) fields.symbol = std::move(spec->symbol);
+    fields.primary = std::move(spec->primary);
+    fields.secondary = std::move(spec->secondary);
+    fields.items = std::move(spec->items);
+    fields.progress = spec->progress;
+    fields.targetISO8601 = std::move(spec->targetISO8601);
+    if (decoder.has(CodingKeys::createdAt)) fields.createdAt = spec->createdAt;
+    return fields;
 }
 
 Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text) {

@@ -27,7 +27,7 @@ struct DecodingFailure {
     std::size_t offset;                ///< where in the text, in bytes
     std::string detail;                ///< of malformed text: what is wrong with it
 
-    /// One line without a full stop, such as: element 2: "createdAt" is missing
+    /// One line without a full stop; elements are counted from 1: design @3: "createdAt" is missing
     std::string message() const;
 };
 
@@ -35,6 +35,10 @@ namespace WidgetSpecJSON {
 
 /// One record from an object; fields exactly as read, without the constructor's defaults and limits.
 Result<WidgetSpec, DecodingFailure> decode(std::string text);
+
+/// The constructor's arguments from an object of which only "title" and "kind" are required: what a person or a script
+/// leaves out is left to the constructor.
+Result<WidgetSpec::Fields, DecodingFailure> decodeFields(std::string text);
 
 /// Every record of an array, in order; one bad element fails the whole list.
 Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text);

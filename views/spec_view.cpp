@@ -1,26 +1,27 @@
 #include "views/spec_view.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <utility>
 #include <vector>
 
-#include "format/countdown_math.h"
 #include "format/hex_color.h"
 #include "platform/foundation/unicode.h"
+#include "views/card_words.h"
 
 namespace orvel {
 namespace {
 
 using enum HierarchicalShapeStyle;
 
-constexpr std::size_t mostRows = 5;
 constexpr double ringDiameter = 62;
 constexpr double ringWidth = 8;
 
 Color accent(const WidgetSpec& spec) {
     return HexColor::hexString(spec.accentHex).value_or(Color::accentColor);
+}
+
+View column(Children children) {
+    return VStack(HorizontalAlignment::leading, 0)(std::move(children))
+        .frame(FlexibleFrame{.maxWidth = infinity, .maxHeight = infinity, .alignment = Alignment::topLeading});
 }
 
 View symbolRow(const WidgetSpec& spec) {
@@ -30,74 +31,53 @@ View symbolRow(const WidgetSpec& spec) {
     });
 }
 
-View titleCaption(const WidgetSpec& spec) {
-    return Text(unicode::uppercased(spec.title)).font(Font::system(9.5, Font::Weight::bold)).foregroundStyle(secondary);
+View titleCaption(const CardWords& words) {
+    return Text(unicode::uppercased(words.title)).font(Font::system(9.5, Font::Weight::bold)).foregroundStyle(secondary);
 }
 
-View column(Children children) {
-    return VStack(HorizontalAlignment::leading, 0)(std::move(children))
-        .frame(FlexibleFrame{.maxWidth = infinity, .maxHeight = infinity, .alignment = Alignment::topLeading});
-}
-
-std::string headline(const WidgetSpec& spec, const Platform& platform) {
-    if (spec.kind != WidgetSpec::Kind::countdown) return spec.primary.value_or("—");
-    const auto [value, unit] = CountdownMath::remaining(spec.targetISO8601, platform);
-    return unit.empty() ? value : value + " " + unit;
-}
-
-View headlineText(const WidgetSpec& spec, const Platform& platform) {
-    return Text(headline(spec, platform))
+View headline(const CardWords& words) {
+    return Text(words.headline.value_or(""))
         .font(Font::system(34, Font::Weight::heavy))
         .foregroundStyle(primary)
         .lineLimit(1)
         .minimumScaleFactor(0.5);
 }
 
-std::optional<View> secondaryLine(const WidgetSpec& spec) {
-    if (!spec.secondary) return std::nullopt;
-    return Text(*spec.secondary).font(Font::system(11)).foregroundStyle(secondary).lineLimit(1);
+std::optional<View> secondaryLine(const CardWords& words) {
+    if (!words.secondary) return std::nullopt;
+    return Text(*words.secondary).font(Font::system(11)).foregroundStyle(secondary).lineLimit(1);
 }
 
-View valueLayout(const WidgetSpec& spec, const Platform& platform) {
+View valueLayout(const WidgetSpec& spec, const CardWords& words) {
     return column({
         symbolRow(spec),
         Spacer(0),
-        headlineText(spec, platform),
-        titleCaption(spec),
-        secondaryLine(spec),
+        headline(words),
+        titleCaption(words),
+        secondaryLine(words),
     });
 }
 
-// Hundredths rounded to the nearest integer, halves away from zero; limited to what the integer holds.
-std::int64_t percent(double progress) {
-    const double rounded = std::round(progress * 100);
-    if (std::isnan(rounded)) return 0;
-    if (rounded >= 0x1p63) return INT64_MAX;
-    if (rounded < -0x1p63) return INT64_MIN;
-    return static_cast<std::int64_t>(rounded);
-}
-
-View ring(const WidgetSpec& spec) {
-    const double progress = spec.progress.value_or(0);
+View ring(const WidgetSpec& spec, const CardWords& words) {
     return ZStack()({
                         Circle().stroke(quaternary, {.lineWidth = ringWidth}),
                         Circle()
-                            .trim(0, progress)
+                            .trim(0, spec.progress.value_or(0))
                             .stroke(accent(spec), {.lineWidth = ringWidth, .lineCap = LineCap::round})
                             .rotationEffect({-90}),
-                        Text(LocalizedStringKey::interpolation().integer(percent(progress)).literal("%"))
+                        Text(LocalizedStringKey::interpolation().integer(words.percent.value_or(0)).literal("%"))
                             .font(Font::system(15, Font::Weight::heavy)),
                     })
         .frame(FixedFrame{.width = ringDiameter, .height = ringDiameter});
 }
 
-View progressLayout(const WidgetSpec& spec) {
+View progressLayout(const WidgetSpec& spec, const CardWords& words) {
     return column({
         symbolRow(spec),
         Spacer(0),
-        ring(spec),
+        ring(spec, words),
         Spacer(0),
-        titleCaption(spec),
+        titleCaption(words),
     });
 }
 
@@ -106,10 +86,9 @@ struct Row {
     std::string_view text;
 };
 
-std::vector<Row> firstRows(const WidgetSpec& spec) {
+std::vector<Row> numbered(const std::vector<std::string>& texts) {
     std::vector<Row> rows;
-    const std::size_t count = spec.items ? std::min(spec.items->size(), mostRows) : 0;
-    for (std::size_t position = 0; position < count; ++position) rows.push_back({position, (*spec.items)[position]});
+    for (const std::string& text : texts) rows.push_back({rows.size(), text});
     return rows;
 }
 
@@ -120,12 +99,12 @@ View listRow(const WidgetSpec& spec, const Row& row) {
     });
 }
 
-View listLayout(const WidgetSpec& spec) {
+View listLayout(const WidgetSpec& spec, const CardWords& words) {
     return column({
-        titleCaption(spec),
+        titleCaption(words),
         Spacer(8),
         ForEach(
-            firstRows(spec), [](const Row& row) { return row.position; },
+            numbered(words.rows), [](const Row& row) { return row.position; },
             [&](const Row& row) { return listRow(spec, row); }),
         Spacer(0),
     });
@@ -134,14 +113,15 @@ View listLayout(const WidgetSpec& spec) {
 }  // namespace
 
 View WidgetSpecView::body(const Platform& platform) const {
+    const CardWords words = cardWords(spec_, platform);
     switch (spec_.kind) {
-        case WidgetSpec::Kind::progress: return progressLayout(spec_);
-        case WidgetSpec::Kind::list: return listLayout(spec_);
+        case WidgetSpec::Kind::progress: return progressLayout(spec_, words);
+        case WidgetSpec::Kind::list: return listLayout(spec_, words);
         case WidgetSpec::Kind::metric:
         case WidgetSpec::Kind::note:
         case WidgetSpec::Kind::countdown: break;
     }
-    return valueLayout(spec_, platform);
+    return valueLayout(spec_, words);
 }
 
 }  // namespace orvel

@@ -47,6 +47,7 @@ public:
         rest_.remove_prefix(length);
         return value;
     }
+    bool atEnd() const { return rest_.empty(); }
     void fail() { matches_ = false; }
     bool matchedAll() const { return matches_ && rest_.empty(); }
 
@@ -106,17 +107,39 @@ std::optional<year_month_day> fullDate(std::string_view text) {
     return day;
 }
 
-std::string format(Date date) {
-    const sys_seconds instant{seconds{static_cast<long long>(std::floor(date.unixTime()))}};
-    const sys_days midnight = floor<days>(instant);
+std::optional<local_seconds> localDateTime(std::string_view text) {
+    Fields fields(text);
+    const year_month_day day = dateFields(fields);
+    const char separator = fields.take();
+    if (separator != 'T' && separator != ' ') fields.fail();
+    const hours h{fields.digits(2, 23)};
+    fields.literal(':');
+    const minutes m{fields.digits(2, 59)};
+    seconds s{0};
+    if (!fields.atEnd()) {
+        fields.literal(':');
+        s = seconds{fields.digits(2, 59)};
+    }
+    if (!fields.matchedAll()) return std::nullopt;
+    return local_days{day} + h + m + s;
+}
+
+std::string format(Date date, minutes offset) {
+    const sys_seconds local{seconds{static_cast<long long>(std::floor(date.unixTime()))} + offset};
+    const sys_days midnight = floor<days>(local);
     const year_month_day day{midnight};
-    const hh_mm_ss time{instant - midnight};
+    const hh_mm_ss time{local - midnight};
+    const hh_mm_ss zone{abs(offset)};
     char text[64];
-    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02dZ", static_cast<int>(day.year()),
+    std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(day.year()),
                   static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
                   static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
                   static_cast<int>(time.seconds().count()));
-    return text;
+    if (offset == minutes{0}) return std::string(text) + "Z";
+    char suffix[16];
+    std::snprintf(suffix, sizeof suffix, "%c%02d:%02d", offset < minutes{0} ? '-' : '+',
+                  static_cast<int>(zone.hours().count()), static_cast<int>(zone.minutes().count()));
+    return std::string(text) + suffix;
 }
 
 }  // namespace orvel::iso8601

@@ -20,7 +20,12 @@ std::optional<Date> dateTime(std::string_view text, Fraction fraction = Fraction
 /// RFC 3339 full-date: 2025-12-31.
 std::optional<std::chrono::year_month_day> fullDate(std::string_view text);
 
-/// The instant in UTC, cut to whole seconds: 2025-12-31T18:30:00Z. For years 0 to 9999.
-std::string format(Date date);
+/// RFC 3339's full-date and partial-time without a zone, a blank or T between them, seconds optional:
+/// 2025-12-31 18:30, 2025-12-31T18:30:00.
+std::optional<std::chrono::local_seconds> localDateTime(std::string_view text);
+
+/// The instant, cut to whole seconds, with that zone offset (whole minutes): 2025-12-31T18:30:00+02:00, or with Z for
+/// none. For years 0 to 9999.
+std::string format(Date date, std::chrono::minutes offset = {});
 
 }  // namespace orvel::iso8601

@@ -16,8 +16,11 @@ public:
     virtual std::optional<std::chrono::seconds> utcOffset(std::chrono::sys_seconds instant) const = 0;
 };
 
-/// 00:00 of that day in the zone. The first one when the clock shows it twice; when a clock change skips it, the first
-/// instant of the day. Absent when the zone gives no offsets around the day.
+/// The instant at which the zone's clocks show that time. The first one when they show it twice; when a clock change
+/// skips it, the first instant after the gap. Absent when the zone gives no offsets around it.
+std::optional<Date> instantOf(std::chrono::local_seconds time, const TimeZone& zone);
+
+/// 00:00 of that day, in the same sense.
 std::optional<Date> startOfDay(std::chrono::year_month_day day, const TimeZone& zone);
 
 }  // namespace orvel

@@ -5,6 +5,7 @@
 #include <unigbrk.h>
 #include <uninorm.h>
 #include <unistr.h>
+#include <uniwidth.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -73,6 +74,18 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b) {
     if ((isAscii(a) && isAscii(b)) || !isValid(a) || !isValid(b)) return false;
     int order = 0;
     return u8_normcmp(bytes(a), a.size(), bytes(b), b.size(), UNINORM_NFD, &order) == 0 && order == 0;
+}
+
+std::string decomposed(std::string_view text) {
+    if (isAscii(text) || !isValid(text)) return std::string(text);
+    std::size_t length = 0;
+    const std::unique_ptr<std::uint8_t, Free> normal(
+        u8_normalize(UNINORM_NFD, bytes(text), text.size(), nullptr, &length));
+    return normal ? std::string(reinterpret_cast<const char*>(normal.get()), length) : std::string(text);
+}
+
+std::size_t columns(std::string_view text) {
+    return static_cast<std::size_t>(u8_width(bytes(text), text.size(), "UTF-8"));
 }
 
 std::string_view prefix(std::string_view text, std::size_t count) {

@@ -16,6 +16,13 @@ std::string uppercased(std::string_view text);
 /// Canonical equivalence (UAX #15). Texts that are not valid UTF-8 are equivalent only when their bytes are equal.
 bool canonicallyEquivalent(std::string_view a, std::string_view b);
 
+/// The canonical decomposition (NFD), equal for canonically equivalent texts. Text that is not valid UTF-8 is returned
+/// unchanged.
+std::string decomposed(std::string_view text);
+
+/// How many columns of a terminal the text takes (UAX #11: wide characters two, marks none).
+std::size_t columns(std::string_view text);
+
 /// The text's first `count` extended grapheme clusters (UAX #29), or all of it when it has fewer.
 std::string_view prefix(std::string_view text, std::size_t count);
 

@@ -51,6 +51,14 @@ TEST(Iso8601, ReadsInternetDateTimesStrictly) {
     EXPECT_EQ(iso8601::dateTime("2001-01-01T00:00:00.Z", iso8601::Fraction::allowed), std::nullopt);
     EXPECT_EQ(iso8601::format(utc(1999, 2, 3, 4h + 5min + 6s)), "1999-02-03T04:05:06Z");
     EXPECT_EQ(iso8601::format(Date{-0.5}), "2000-12-31T23:59:59Z");
+    EXPECT_EQ(iso8601::format(Date{0}, 5h + 45min), "2001-01-01T05:45:00+05:45");
+    EXPECT_EQ(iso8601::format(Date{0}, -(3h + 30min)), "2000-12-31T20:30:00-03:30");
+    const local_seconds evening = local_days{2025y / 12 / 31} + 18h + 30min;
+    EXPECT_EQ(iso8601::localDateTime("2025-12-31 18:30"), evening);
+    EXPECT_EQ(iso8601::localDateTime("2025-12-31T18:30:07"), evening + 7s);
+    for (const char* text :
+         {"2025-12-31", "2025-12-31 18", "2025-12-31 18:30:", "2025-02-30 18:30", "2025-12-31 18:30Z"})
+        EXPECT_EQ(iso8601::localDateTime(text), std::nullopt) << text;
 }
 
 TEST(StartOfDay, FollowsTheZonesChanges) {

@@ -209,11 +209,11 @@ TEST(WidgetSpecJSON, AListFailsAsAWholeAndNamesElementAndKey) {
         std::string text;
         const char* message;
     } cases[] = {
-        {"[" + good + "," + record("createdAt", "") + "," + good + "]", "element 1: \"createdAt\" is missing"},
+        {"[" + good + "," + record("createdAt", "") + "," + good + "]", "design @2: \"createdAt\" is missing"},
         {"[" + good + "," + good + "," + record("kind", "\"LIST\"") + "]",
-         "element 2: \"kind\" is none of the five kinds"},
-        {"[null]", "element 0: it is null"},
-        {"[" + good + ",7]", "element 1: it has the wrong JSON type"},
+         "design @3: \"kind\" is none of the five kinds"},
+        {"[null]", "design @1: it is null"},
+        {"[" + good + ",7]", "design @2: it has the wrong JSON type"},
         {good, "the text has the wrong JSON type"},
     };
     for (const auto& c : cases) {

@@ -1,0 +1,26 @@
+// What a card says, as words: for the card itself, and for whoever reads it without seeing it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/widget_spec.h"
+#include "platform/foundation/platform.h"
+
+namespace orvel {
+
+/// The texts that the design's kind shows, from top to bottom of the card; what it doesn't show is absent.
+struct CardWords {
+    std::optional<std::string> headline = {};
+    std::optional<std::int64_t> percent = {};
+    std::string title;  ///< as the design has it; the card shows it in capitals
+    std::optional<std::string> secondary = {};
+    std::vector<std::string> rows = {};
+};
+
+/// A countdown's headline is measured from the clock at this moment.
+CardWords cardWords(const WidgetSpec& spec, const Platform& platform = Platform::system());
+
+}  // namespace orvel
