@@ -1,5 +1,8 @@
 # How this project's libraries are built.
 
+# Headers of a floor that is installed lie here, by the same paths.
+set(ORVEL_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/orvel)
+
 function(orvel_compile_options target)
   target_compile_options(${target} PRIVATE
     $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor>)
@@ -18,7 +21,9 @@ endfunction()
 function(orvel_floor name)
   cmake_parse_arguments(FLOOR "" "" "SOURCES;FLOORS;PRIVATE" ${ARGN})
   add_library(orvel_${name} STATIC ${FLOOR_SOURCES})
-  target_include_directories(orvel_${name} PUBLIC ${CMAKE_SOURCE_DIR})
+  target_include_directories(orvel_${name} PUBLIC
+    $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}> $<INSTALL_INTERFACE:${ORVEL_HEADERS}>)
+  target_compile_features(orvel_${name} PUBLIC cxx_std_20)
   list(TRANSFORM FLOOR_FLOORS PREPEND orvel_)
   target_link_libraries(orvel_${name} PUBLIC ${FLOOR_FLOORS} PRIVATE ${FLOOR_PRIVATE})
   orvel_compile_options(orvel_${name})

@@ -7,7 +7,10 @@ std::unique_ptr<CLI::App> makeApp(Session& session) {
                                           "orvel");
     app->require_subcommand(0, 1);
     app->set_version_flag("--version", "orvel " ORVEL_VERSION, "Print the version");
+    addStoreCommands(*app, session);
+    addReadingCommands(*app, session);
     addDrawingCommands(*app, session);
+    addSymbolCommands(*app, session);
     return app;
 }
 

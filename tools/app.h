@@ -13,5 +13,8 @@ namespace orvel::tools {
 std::unique_ptr<CLI::App> makeApp(Session& session);
 
 void addDrawingCommands(CLI::App& app, Session& session);
+void addReadingCommands(CLI::App& app, Session& session);
+void addStoreCommands(CLI::App& app, Session& session);
+void addSymbolCommands(CLI::App& app, Session& session);
 
 }  // namespace orvel::tools

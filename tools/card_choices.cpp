@@ -32,6 +32,15 @@ Outcome<std::optional<WidgetSpec>> readDesign(const std::string& file, Console& 
 
 }  // namespace
 
+Outcome<std::optional<WidgetSpec>> shownDesign(const std::optional<std::string>& design, const Platform& platform,
+                                               Console& console) {
+    if (design) return readDesign(*design, console);
+    std::optional<WidgetSpec> spec;
+    Provider().getTimeline(
+        {}, [&](Timeline<WidgetEntry> timeline) { spec = std::move(timeline.entries.front().spec); }, platform);
+    return spec;
+}
+
 Outcome<View> cardView(const CardChoices& choices, const Platform& platform, Console& console) {
     if (choices.design) {
         auto spec = readDesign(*choices.design, console);

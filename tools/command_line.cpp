@@ -20,8 +20,7 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
         app->parse(argc, argv);
         if (app->get_subcommands().empty()) throw CLI::RequiredError("A subcommand");
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = app->get_subcommands();
-        console.out << (chosen.empty() ? app->help() : chosen.front()->help());
+        console.out << app->help();
         return done;
     } catch (const CLI::CallForVersion& version) {
         console.out << version.what() << '\n';
@@ -38,6 +37,7 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
         const auto outcome = session.operation(chosen);
         if (outcome) return done;
         console.err << "orvel: " << outcome.failure().reason << '\n';
+        return outcome.failure().code;
     } catch (const std::bad_alloc&) {
         console.err << "orvel: out of memory\n";
     }

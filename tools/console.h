@@ -20,6 +20,7 @@ enum ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 /// One line for the person at the console, without the command's name.
 struct Failure {
     std::string reason;
+    ExitCode code = failed;
 };
 
 template <class Value>

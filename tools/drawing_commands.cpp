@@ -1,9 +1,9 @@
 // render, inspect, timeline and gallery.
 #include <map>
 
-#include "platform/foundation/iso8601.h"
 #include "tools/app.h"
 #include "tools/commands.h"
+#include "tools/instant_option.h"
 
 namespace orvel::tools {
 namespace {
@@ -18,15 +18,6 @@ const CLI::Validator validScale(
         return CLI::detail::lexical_cast(text, scale) && scale >= 1 && scale <= 8 ? "" : text + " is not from 1 to 8";
     },
     "", "");
-
-void addInstantOption(CLI::App& command, Session& session) {
-    const auto parse = [&session](const std::string& text) {
-        session.at = iso8601::dateTime(text, iso8601::Fraction::allowed);
-        if (!session.at) throw CLI::ValidationError("--at", text + " is no RFC 3339 date-time");
-    };
-    command.add_option_function<std::string>("--at", parse, "The moment to show, such as 2026-01-31T09:00:00Z")
-        ->type_name("INSTANT");
-}
 
 void addCardOptions(CLI::App& command, Session& session, CardChoices& card) {
     command.add_option("--design", card.design, "A design, or a list whose first counts; - is standard input")

@@ -1,95 +1,130 @@
-// The symbols are the glyphs of an icon font, found by glyph name: the system's name with "_" for ".".
+// Most symbols are glyphs of the first icon font, named like them with "_" for ".". Tables add the names that it spells
+// otherwise, icons of a second font, and symbols in a circle or a square.
 #include "platform/render/symbols.h"
 
-#include <ft2build.h>
-#include FT_FREETYPE_H
-#include FT_OUTLINE_H
-
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <map>
-#include <string>
 
-// The font file's bytes, from symbol_font.S.
-extern "C" const unsigned char orvelSymbolFont[];
-extern "C" const unsigned char orvelSymbolFontEnd[];
+#include "platform/render/icon_font.h"
+#include "platform/render/nearest_name.h"
+#include "platform/render/symbol_data.h"
 
 namespace orvel {
 namespace {
 
-std::optional<std::string> glyphName(std::string_view name) {
-    constexpr std::size_t longest = 64;
+// Both sets shall look equally large: the second one leaves more space around its icons.
+constexpr double secondScale = 1.06;
+
+// Endings that go with a name and its counterpart in a set.
+constexpr std::array<std::string_view, 8> firstEndings{"",        ".fill",        ".circle", ".circle.fill",
+                                                       ".square", ".square.fill", ".slash",  ".slash.fill"};
+constexpr std::array<std::string_view, 2> secondEndings{"", ".fill"};
+constexpr std::array<std::string_view, 4> enclosures{".circle", ".circle.fill", ".square", ".square.fill"};
+
+bool isName(std::string_view text) {
+    constexpr std::size_t longest = 80;
     const auto belongs = [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.'; };
-    if (name.empty() || name.size() > longest || !std::ranges::all_of(name, belongs)) return std::nullopt;
-    std::string glyph(name);
-    std::ranges::replace(glyph, '.', '_');
-    return glyph;
+    return !text.empty() && text.size() <= longest && std::ranges::all_of(text, belongs);
 }
 
-// Collects a glyph's outline in the unit square that its em square fills.
-class OutlineReader {
-public:
-    OutlineReader(const FT_Face face) : unit_(1.0 / face->units_per_EM), top_(face->ascender * unit_) {}
+std::string replaced(std::string_view text, char from, char to) {
+    std::string result(text);
+    std::ranges::replace(result, from, to);
+    return result;
+}
 
-    SymbolOutline read(FT_Outline& outline) {
-        using Verb = SymbolOutline::Verb;
-        const FT_Outline_Funcs functions{
-            .move_to = [](const FT_Vector* to, void* self) { return add(self, Verb::move, {to}); },
-            .line_to = [](const FT_Vector* to, void* self) { return add(self, Verb::line, {to}); },
-            .conic_to =
-                [](const FT_Vector* c, const FT_Vector* to, void* self) {
-                    return add(self, Verb::quadratic, {c, to});
-                },
-            .cubic_to =
-                [](const FT_Vector* c, const FT_Vector* d, const FT_Vector* to, void* self) {
-                    return add(self, Verb::cubic, {c, d, to});
-                },
-            .shift = 0,
-            .delta = 0,
-        };
-        FT_Outline_Decompose(&outline, &functions, this);
-        return std::move(result_);
-    }
-
-private:
-    static int add(void* self, SymbolOutline::Verb verb, std::initializer_list<const FT_Vector*> vectors) {
-        auto& reader = *static_cast<OutlineReader*>(self);
-        SymbolOutline::Segment segment{verb, {}};
-        Point* point = segment.points;
-        for (const FT_Vector* v : vectors)
-            *point++ = {static_cast<double>(v->x) * reader.unit_,
-                        reader.top_ - static_cast<double>(v->y) * reader.unit_};
-        reader.result_.segments.push_back(segment);
-        return 0;
-    }
-
-    double unit_;
-    double top_;
-    SymbolOutline result_;
-};
+std::optional<std::string_view> without(std::string_view ending, std::string_view name) {
+    if (!name.ends_with(ending)) return std::nullopt;
+    return name.substr(0, name.size() - ending.size());
+}
 
 }  // namespace
 
 struct Symbols::State {
-    State() {
-        const auto size = static_cast<FT_Long>(orvelSymbolFontEnd - orvelSymbolFont);
-        if (FT_Init_FreeType(&library) != 0) library = nullptr;
-        if (!library || FT_New_Memory_Face(library, orvelSymbolFont, size, 0, &face) != 0) face = nullptr;
-    }
-    ~State() {
-        if (library) FT_Done_FreeType(library);
+    struct Icon {
+        IconFont* font;
+        IconFont::Glyph glyph;
+    };
+
+    std::optional<Icon> icon(std::string_view name) {
+        for (const std::string_view ending : firstEndings)
+            if (const auto base = without(ending, name))
+                if (const auto spelling = respelled.find(*base))
+                    if (const auto glyph = first.named(std::string(*spelling) + replaced(ending, '.', '_')))
+                        return Icon{&first, glyph};
+        for (const std::string_view ending : secondEndings)
+            if (const auto base = without(ending, name))
+                if (const auto found = secondSet.find(*base))
+                    return ofSecondFont(std::string(*found) + replaced(ending, '.', '-'));
+        const auto glyph = first.named(replaced(name, '.', '_'));
+        if (glyph == IconFont::none) return std::nullopt;
+        return Icon{&first, glyph};
     }
 
-    std::optional<SymbolOutline> load(const std::string& glyph) {
-        const FT_UInt index = face ? FT_Get_Name_Index(face, glyph.c_str()) : 0;
-        if (index == 0 || FT_Load_Glyph(face, index, FT_LOAD_NO_SCALE) != 0) return std::nullopt;
-        // The font spells its ligatures with empty letters; only the symbols have an advance.
-        if (face->glyph->metrics.horiAdvance == 0) return std::nullopt;
-        return OutlineReader(face).read(face->glyph->outline);
+    std::optional<Icon> ofSecondFont(std::string_view name) {
+        const auto outlinedName = without("-fill", name);
+        const auto code = secondCodes.find(outlinedName.value_or(name));
+        if (!code) return std::nullopt;
+        std::uint32_t codePoint = 0;
+        std::from_chars(code->data(), code->data() + code->size(), codePoint, 16);
+        IconFont& font = outlinedName ? secondFilled : second;
+        const auto glyph = font.coded(codePoint);
+        if (glyph == IconFont::none) return std::nullopt;
+        return Icon{&font, glyph};
     }
 
-    FT_Library library = nullptr;
-    FT_Face face = nullptr;
+    std::optional<SymbolOutline> load(std::string_view name) {
+        if (const auto found = icon(name)) return found->font->outline(found->glyph);
+        for (const std::string_view ending : enclosures)
+            if (const auto base = without(ending, name); base && enclosable.find(*base)) return enclosed(*base, ending);
+        return std::nullopt;
+    }
+
+    // Small as it is there, a symbol is clearest filled.
+    std::optional<SymbolOutline> enclosed(std::string_view base, std::string_view ending) {
+        auto symbol = icon(std::string(base) + ".fill");
+        if (!symbol) symbol = icon(base);
+        const auto shape = icon(ending.substr(1));
+        if (!symbol || !shape) return std::nullopt;
+        return orvel::enclosed(symbol->font->outline(symbol->glyph), shape->font->outline(shape->glyph));
+    }
+
+    std::vector<std::string> collectNames() {
+        std::vector<std::string> names;
+        const auto addAll = [&](const NameTable& table, const auto& endings) {
+            for (const auto& [base, value] : table.entries())
+                for (const std::string_view ending : endings) {
+                    std::string name = std::string(base) + std::string(ending);
+                    if (load(name)) names.push_back(std::move(name));
+                }
+        };
+        for (const std::string& glyph : first.glyphNames())
+            if (std::string name = replaced(glyph, '_', '.'); isName(name)) names.push_back(std::move(name));
+        addAll(respelled, firstEndings);
+        addAll(secondSet, secondEndings);
+        addAll(enclosable, enclosures);
+        std::ranges::sort(names);
+        const auto repeated = std::ranges::unique(names);
+        names.erase(repeated.begin(), repeated.end());
+        return names;
+    }
+
+    const std::vector<std::string>& allNames() {
+        if (known.empty()) known = collectNames();
+        return known;
+    }
+
+    IconFont first{symbol_data::firstFont()};
+    IconFont second{symbol_data::secondFont(), secondScale};
+    IconFont secondFilled{symbol_data::secondFontFilled(), secondScale};
+    NameTable secondCodes = symbol_data::secondCodes();
+    NameTable respelled = symbol_data::respelled();
+    NameTable secondSet = symbol_data::secondSet();
+    NameTable enclosable = symbol_data::enclosable();
     std::map<std::string, std::optional<SymbolOutline>, std::less<>> outlines;
+    std::vector<std::string> known;  ///< once somebody asked for them
 };
 
 Symbols::Symbols() : state_(std::make_unique<State>()) {}
@@ -97,15 +132,22 @@ Symbols::Symbols() : state_(std::make_unique<State>()) {}
 Symbols::~Symbols() = default;
 
 const SymbolOutline* Symbols::outline(std::string_view name) const {
-    const auto glyph = glyphName(name);
-    if (!glyph) return nullptr;
-    auto found = state_->outlines.find(*glyph);
+    if (!isName(name)) return nullptr;
+    auto found = state_->outlines.find(name);
     if (found == state_->outlines.end()) {
         constexpr std::size_t mostRemembered = 64;
         if (state_->outlines.size() >= mostRemembered) state_->outlines.clear();
-        found = state_->outlines.emplace(*glyph, state_->load(*glyph)).first;
+        found = state_->outlines.emplace(name, state_->load(name)).first;
     }
     return found->second ? &*found->second : nullptr;
+}
+
+std::vector<std::string> Symbols::names() const {
+    return state_->allNames();
+}
+
+std::optional<std::string> Symbols::nearest(std::string_view name) const {
+    return nearestName(name, state_->allNames());
 }
 
 }  // namespace orvel

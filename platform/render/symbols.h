@@ -1,24 +1,15 @@
-// The system's symbol set: outlines by name. The set is part of the binary.
+// The system's symbol set: outlines by dotted names such as "flag.fill". The set is part of the binary.
 #pragma once
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/ui/geometry.h"
+#include "platform/render/symbol_outline.h"
 
 namespace orvel {
-
-/// A closed outline in a unit square, y down, to be filled by the non-zero rule.
-struct SymbolOutline {
-    enum class Verb { move, line, quadratic, cubic };
-    struct Segment {
-        Verb verb;
-        Point points[3];  ///< control points first, the end point last; unused ones are zero
-    };
-    std::vector<Segment> segments;
-};
 
 class Symbols {
 public:
@@ -30,6 +21,12 @@ public:
 
     /// The outline, or null. It lasts until the next call; an object belongs to one thread.
     const SymbolOutline* outline(std::string_view name) const;
+
+    /// Every name that can be drawn, in alphabetical order.
+    std::vector<std::string> names() const;
+
+    /// The name that can be drawn and that this one was probably meant to be, if there is one.
+    std::optional<std::string> nearest(std::string_view name) const;
 
 private:
     struct State;

@@ -1,40 +1,18 @@
-// The orvel command from its arguments to its output, on a machine in memory.
+// The commands that draw and explain.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "platform/foundation/json_reader.h"
-#include "tests/support/fakes.h"
-#include "tools/command_line.h"
+#include "tests/tools/command_fixture.h"
 
 namespace orvel::tools {
 namespace {
 
 constexpr const char* design =
     R"({"id":"A","title":"first","kind":"metric","accentHex":"#f00","symbol":"flag.fill","primary":"42","createdAt":0})";
-
-struct Answer {
-    int code;
-    std::string out;
-    std::string err;
-};
-
-class Command : public testing::Test {
-protected:
-    Answer run(std::vector<const char*> arguments, const std::string& input = {}) {
-        arguments.insert(arguments.begin(), "orvel");
-        std::istringstream in(input);
-        std::ostringstream out;
-        std::ostringstream err;
-        const int code =
-            tools::run(static_cast<int>(arguments.size()), arguments.data(), machine.platform, {in, out, err});
-        return {code, out.str(), err.str()};
-    }
-    test::FakeMachine machine;
-};
 
 TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
     machine.storedList() = std::string("[") + design + "]";
@@ -67,8 +45,8 @@ TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
         int code;
         std::string error;
     } cases[] = {
-        {{"render", "--design", bad.c_str()}, failed, bad + ": element 1: \"title\" is missing"},
-        {{"inspect", "--design", bad.c_str()}, failed, "element 1"},
+        {{"render", "--design", bad.c_str()}, failed, bad + ": design @2: \"title\" is missing"},
+        {{"inspect", "--design", bad.c_str()}, failed, "design @2"},
         {{"render", "--design", "/no/such/file"}, failed, "/no/such/file: can't open: No such file"},
         {{"render", "--design", "/"}, failed, "/: can't read: Is a directory"},
         {{"render", "--design", "-"}, failed, "standard input: not valid JSON"},

@@ -1,0 +1,78 @@
+// Texts that are special to roff or to a shell, in descriptions made up for it; the real ones are tested in
+// documentation_test.sh.
+#include <gtest/gtest.h>
+
+#include <CLI/CLI.hpp>
+
+#include "tools/command_outline.h"
+#include "tools/documentation.h"
+
+namespace orvel::tools {
+namespace {
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+class Documentation : public testing::Test {
+protected:
+    Documentation() { app.set_version_flag("--version", "orvel 1.2-3", "Print the version"); }
+
+    std::string text;
+    std::vector<std::string> texts;
+    CLI::App app{"Cards.", "orvel"};
+};
+
+TEST_F(Documentation, OutlineTellsWhatEachValueIs) {
+    using Values = ArgumentOutline::Values;
+    CLI::App& command = *app.add_subcommand("paint", "Paints");
+    command.add_option("design", text, "One")->required()->type_name("ID");
+    command.add_option("more", texts, "Others")->type_name("TEXT");
+    CLI::Option* const size = command.add_option("--size", text, "Size")->type_name("small|extra-large");
+    size->check(CLI::IsMember({"small", "extra-large"}));
+    command.add_option("-o,--output", text, "Where to")->type_name("FILE|-")->excludes(size);
+    command.add_option("--secret", text, "Not in the help")->group("");
+    app.add_subcommand("hidden", "Not in the help")->group("");
+
+    const CommandOutline whole = outline(app);
+    ASSERT_EQ(whole.subcommands.size(), 1U);
+    const CommandOutline& paint = whole.subcommands.front();
+    EXPECT_EQ(joined(paint.path, " "), "orvel paint");
+    ASSERT_EQ(paint.positionals.size(), 2U);
+    EXPECT_EQ(paint.positionals[0].values, Values::ids);
+    EXPECT_TRUE(paint.positionals[0].required && !paint.positionals[0].repeats);
+    EXPECT_EQ(paint.positionals[1].values, Values::freeText);
+    EXPECT_TRUE(paint.positionals[1].repeats && !paint.positionals[1].required);
+    ASSERT_EQ(paint.options.size(), 3U);
+    EXPECT_EQ(paint.options[0].values, Values::none) << "help takes no value";
+    EXPECT_EQ(joined(paint.options[1].words, " "), "small extra-large");
+    EXPECT_EQ(paint.options[1].placeholder, "small|extra-large");
+    EXPECT_EQ(paint.options[2].values, Values::files);
+    EXPECT_EQ(joined(paint.options[2].names, " "), "-o --output");
+    EXPECT_EQ(joined(paint.options[2].excludes, " "), "--size");
+}
+
+TEST_F(Documentation, ManualPageEscapesWhatRoffWouldTake) {
+    app.add_option("--at", text, ".hidden 'file' C:\\new ~ \"now\" – ü …");
+    app.add_option("--to", text, "'Tis a-b.");
+    const std::string page = manualPage(app);
+    EXPECT_TRUE(page.starts_with(".TH \"ORVEL\" 1 \"\" \"orvel 1.2\\-3\" \"User Commands\"\n")) << page;
+    EXPECT_TRUE(contains(page, "\norvel \\- Cards\n")) << page;
+    EXPECT_TRUE(contains(page,
+                         "\n\\fB\\-\\-at\\fR \\fITEXT\\fR\n"
+                         "\\&.hidden \\(aqfile\\(aq C:\\(rsnew \\(ti \\(dqnow\\(dq \\[u2013] \\[u00FC] \\[u2026]\n"))
+        << page;
+    EXPECT_TRUE(contains(page, "\n\\(aqTis a\\-b.\n")) << page;
+}
+
+TEST_F(Documentation, ShellScriptsQuoteTexts) {
+    app.add_option("--at", text, "It's C:\\new [now]")->type_name("TIME");
+    app.add_option("--each", texts, "All")->type_name("NAME");
+    EXPECT_TRUE(contains(zshCompletion(app), R"z('(--at)--at=[It'\''s C\:\\new \[now\]]:TIME: ')z"))
+        << zshCompletion(app);
+    EXPECT_TRUE(contains(zshCompletion(app), "'*--each=[All]:NAME: '")) << zshCompletion(app);
+    EXPECT_TRUE(contains(fishCompletion(app), R"( -l at -r -f -d 'It\'s C:\\new [now]')")) << fishCompletion(app);
+}
+
+}  // namespace
+}  // namespace orvel::tools
