@@ -85,7 +85,8 @@ std::string entry(const ArgumentOutline& argument, bool isOption) {
     for (const auto& name : argument.names)
         heading += (heading.empty() ? "" : ", ") + (isOption ? bold(name) : italic(name));
     const bool typed = argument.values == ArgumentOutline::Values::words;
-    if (!argument.placeholder.empty()) heading += " " + (typed ? bold : italic)(argument.placeholder);
+    const bool repeatsName = argument.placeholder == unicode::uppercased(argument.names.front());
+    if (!argument.placeholder.empty() && !repeatsName) heading += " " + (typed ? bold : italic)(argument.placeholder);
     return entry(heading, sentence(argument.help));
 }
 

@@ -16,7 +16,9 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-constexpr Size cell{92, 68};
+constexpr Size cell{92, 72};
+constexpr double margin = 24;
+constexpr Alignment cellAlignment{HorizontalAlignment::center, VerticalAlignment::top};
 constexpr Color background{22 / 255.0, 22 / 255.0, 25 / 255.0, 1.0};  // the cards'
 
 Names containing(const std::string& text, Names names) {
@@ -34,17 +36,30 @@ Failure noneContains(const std::string& text, const Symbols& symbols) {
     return {std::move(reason)};
 }
 
+// Long names are broken after dots.
+std::vector<std::string> lines(const std::string& name) {
+    constexpr std::size_t longest = 20;
+    std::vector<std::string> result{""};
+    for (std::size_t first = 0; first < name.size();) {
+        const std::size_t end = std::min(name.find('.', first), name.size() - 1) + 1;
+        if (!result.back().empty() && result.back().size() + end - first > longest) result.emplace_back();
+        result.back().append(name, first, end - first);
+        first = end;
+    }
+    return result;
+}
+
 View cellView(const std::string& name) {
-    return VStack(HorizontalAlignment::center, 6)({
+    std::vector<View> caption;
+    for (const std::string& line : lines(name)) caption.push_back(Text(line).lineLimit(1).minimumScaleFactor(0.6));
+    return VStack(HorizontalAlignment::center, 5)({
                                                       Image::systemName(name).font(Font::system(28)),
-                                                      Text(name)
+                                                      VStack(HorizontalAlignment::center, 0)({caption})
                                                           .font(Font::system(7.5))
                                                           .foregroundStyle(HierarchicalShapeStyle::secondary)
-                                                          .lineLimit(2)
-                                                          .minimumScaleFactor(0.6)
-                                                          .frame(FixedFrame{.width = cell.width - 6}),
+                                                          .frame(FixedFrame{.width = cell.width - 4}),
                                                   })
-        .frame(FixedFrame{.width = cell.width, .height = cell.height});
+        .frame(FixedFrame{.width = cell.width, .height = cell.height, .alignment = cellAlignment});
 }
 
 struct Grid {
@@ -73,13 +88,13 @@ Outcome<Done> drawSheet(const Names& names, const std::string& output, Painter& 
     const auto format = formatOf(output);
     if (!format) return format.failure();
     const auto [view, size] = grid(names);
-    const Size sheet{size.width + 2 * contentMargin, size.height + 2 * contentMargin};
+    const Size sheet{size.width + 2 * margin, size.height + 2 * margin};
 
     PangoTextEngine text;
     const KeysThemselves words;
     const auto drawsSymbol = [&](std::string_view symbol) { return painter.symbols().contains(symbol); };
-    Scene scene = makeScene(view.containerBackground(background, ContainerBackgroundPlacement::widget), sheet,
-                            contentMargin, {text, words}, drawsSymbol);
+    Scene scene = makeScene(view.containerBackground(background, ContainerBackgroundPlacement::widget), sheet, margin,
+                            {text, words}, drawsSymbol);
 
     // All symbols there are would take a gigabyte at more.
     constexpr std::size_t mostSharp = 1000;

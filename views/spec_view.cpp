@@ -32,7 +32,9 @@ View symbolRow(const WidgetSpec& spec) {
 }
 
 View titleCaption(const CardWords& words) {
-    return Text(unicode::uppercased(words.title)).font(Font::system(9.5, Font::Weight::bold)).foregroundStyle(secondary);
+    return Text(unicode::uppercased(words.title))
+        .font(Font::system(9.5, Font::Weight::bold))
+        .foregroundStyle(secondary);
 }
 
 View headline(const CardWords& words) {

@@ -2,7 +2,6 @@
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
-#include FT_ADVANCES_H
 #include FT_OUTLINE_H
 
 #include <initializer_list>
@@ -71,11 +70,11 @@ struct IconFont::State {
         if (library) FT_Done_FreeType(library);
     }
 
-    // Fonts spell their ligatures with empty letters; only the icons have an advance.
+    // Fonts spell their ligatures with letters that have no advance, and hold control characters without an outline.
     Glyph icon(FT_UInt glyph) const {
-        FT_Fixed advance = 0;
-        const bool known = glyph != 0 && FT_Get_Advance(face, glyph, FT_LOAD_NO_SCALE, &advance) == 0;
-        return known && advance != 0 ? glyph : none;
+        if (glyph == 0 || FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE) != 0) return none;
+        const bool shows = face->glyph->metrics.horiAdvance != 0 && face->glyph->outline.n_points != 0;
+        return shows ? glyph : none;
     }
 
     FT_Library library = nullptr;

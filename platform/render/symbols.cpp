@@ -26,7 +26,9 @@ constexpr std::array<std::string_view, 4> enclosures{".circle", ".circle.fill", 
 bool isName(std::string_view text) {
     constexpr std::size_t longest = 80;
     const auto belongs = [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.'; };
-    return !text.empty() && text.size() <= longest && std::ranges::all_of(text, belongs);
+    // The first font also has the logos of companies.
+    if (text.empty() || text.size() > longest || text.starts_with("logo.")) return false;
+    return std::ranges::all_of(text, belongs);
 }
 
 std::string replaced(std::string_view text, char from, char to) {
@@ -78,13 +80,14 @@ struct Symbols::State {
     std::optional<SymbolOutline> load(std::string_view name) {
         if (const auto found = icon(name)) return found->font->outline(found->glyph);
         for (const std::string_view ending : enclosures)
-            if (const auto base = without(ending, name); base && enclosable.find(*base)) return enclosed(*base, ending);
+            if (const auto base = without(ending, name))
+                if (const auto weight = enclosable.find(*base)) return enclosed(*base, *weight, ending);
         return std::nullopt;
     }
 
     // Small as it is there, a symbol is clearest filled.
-    std::optional<SymbolOutline> enclosed(std::string_view base, std::string_view ending) {
-        auto symbol = icon(std::string(base) + ".fill");
+    std::optional<SymbolOutline> enclosed(std::string_view base, std::string_view weight, std::string_view ending) {
+        auto symbol = weight == "outlined" ? std::nullopt : icon(std::string(base) + ".fill");
         if (!symbol) symbol = icon(base);
         const auto shape = icon(ending.substr(1));
         if (!symbol || !shape) return std::nullopt;
@@ -93,21 +96,20 @@ struct Symbols::State {
 
     std::vector<std::string> collectNames() {
         std::vector<std::string> names;
-        const auto addAll = [&](const NameTable& table, const auto& endings) {
+        for (const std::string& glyph : first.glyphNames())
+            if (std::string name = replaced(glyph, '_', '.'); isName(name)) names.push_back(std::move(name));
+        const auto add = [&](const NameTable& table, const auto& endings) {
             for (const auto& [base, value] : table.entries())
                 for (const std::string_view ending : endings) {
                     std::string name = std::string(base) + std::string(ending);
-                    if (load(name)) names.push_back(std::move(name));
+                    if (&table == &enclosable || icon(name)) names.push_back(std::move(name));
                 }
         };
-        for (const std::string& glyph : first.glyphNames())
-            if (std::string name = replaced(glyph, '_', '.'); isName(name)) names.push_back(std::move(name));
-        addAll(respelled, firstEndings);
-        addAll(secondSet, secondEndings);
-        addAll(enclosable, enclosures);
+        add(respelled, firstEndings);
+        add(secondSet, secondEndings);
+        add(enclosable, enclosures);
         std::ranges::sort(names);
-        const auto repeated = std::ranges::unique(names);
-        names.erase(repeated.begin(), repeated.end());
+        names.erase(std::unique(names.begin(), names.end()), names.end());
         return names;
     }
 

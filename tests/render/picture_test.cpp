@@ -175,26 +175,5 @@ TEST(Picture, SameSceneSameBytesInEveryFormat) {
     EXPECT_EQ(encode(asPdf, plain), encode(asPdf, plain));
 }
 
-TEST(Symbols, AreFoundByNameAndNothingElse) {
-    const Symbols symbols;
-    for (const char* name : {"flag.fill", "square.grid.2x2", "person.2.fill", "plus", "globe"})
-        EXPECT_TRUE(symbols.contains(name)) << name;
-    const std::string strange[] = {"",
-                                   ".",
-                                   "a",
-                                   "space",
-                                   "Flag.fill",
-                                   "flag_fill",
-                                   "flag.fill ",
-                                   "../flag",
-                                   ".notdef",
-                                   "flag\n",
-                                   std::string("flag\0", 5),
-                                   std::string(10'000'000, 'x'),
-                                   "no.such.symbol",
-                                   "牛"};
-    for (const std::string& name : strange) EXPECT_FALSE(symbols.contains(name)) << name.substr(0, 20);
-}
-
 }  // namespace
 }  // namespace orvel

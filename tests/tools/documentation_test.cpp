@@ -55,6 +55,7 @@ TEST_F(Documentation, OutlineTellsWhatEachValueIs) {
 TEST_F(Documentation, ManualPageEscapesWhatRoffWouldTake) {
     app.add_option("--at", text, ".hidden 'file' C:\\new ~ \"now\" – ü …");
     app.add_option("--to", text, "'Tis a-b.");
+    app.add_subcommand("say", "Says")->add_option("text", text, "Of the name's own type");
     const std::string page = manualPage(app);
     EXPECT_TRUE(page.starts_with(".TH \"ORVEL\" 1 \"\" \"orvel 1.2\\-3\" \"User Commands\"\n")) << page;
     EXPECT_TRUE(contains(page, "\norvel \\- Cards\n")) << page;
@@ -62,6 +63,7 @@ TEST_F(Documentation, ManualPageEscapesWhatRoffWouldTake) {
                          "\n\\fB\\-\\-at\\fR \\fITEXT\\fR\n"
                          "\\&.hidden \\(aqfile\\(aq C:\\(rsnew \\(ti \\(dqnow\\(dq \\[u2013] \\[u00FC] \\[u2026]\n"))
         << page;
+    EXPECT_TRUE(contains(page, "\n\\fItext\\fR\nOf the name\\(aqs own type.\n")) << page;
     EXPECT_TRUE(contains(page, "\n\\(aqTis a\\-b.\n")) << page;
 }
 
