@@ -91,7 +91,7 @@ int run(long rounds) {
 
     const pid_t reader = inProcess([&] { readForever(machine); });
     std::mt19937 random(1);
-    std::uniform_int_distribution<useconds_t> microseconds(0, 20000);
+    std::uniform_int_distribution<useconds_t> microseconds(0, 40000);
     for (long round = 0; round < rounds; ++round) {
         const pid_t writer = inProcess([&] { writeForever(machine); });
         ::usleep(microseconds(random));
