@@ -27,7 +27,7 @@ TEST_F(Command, OffersTheNearestSymbolWhenNoneContainsTheText) {
 TEST_F(Command, DrawsSymbolsWithTheirNames) {
     EXPECT_EQ(run({"symbols", "figure.run", "--picture", "-"}).out.substr(0, 4), "\x89PNG");
     EXPECT_EQ(run({"symbols", "figure.run", "--picture", "few.svg"}).code, done);
-    EXPECT_EQ(run({"symbols", "fill", "--picture", "many.svg"}).code, done);
+    EXPECT_EQ(run({"symbols", "circle.fill", "--picture", "many.svg"}).code, done);
     const auto& files = machine.files.contents;
     ASSERT_TRUE(files.contains("few.svg") && files.contains("many.svg"));
     // Everything that is drawn is a path, and so is the shape of each letter, which is in a symbol of the format.
@@ -43,7 +43,7 @@ TEST_F(Command, DrawsSymbolsWithTheirNames) {
         return std::ranges::count(out, '\n');
     };
     EXPECT_EQ(drawn("few.svg"), lines("figure.run") + 1) << "and the background";
-    EXPECT_EQ(drawn("many.svg"), lines("fill") + 1);
+    EXPECT_EQ(drawn("many.svg"), lines("circle.fill") + 1);
     EXPECT_EQ(run({"symbols", "--picture", "sheet.gif"}).err,
               "orvel: sheet.gif: the ending must be .png, .svg or .pdf\n");
 }
