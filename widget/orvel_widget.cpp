@@ -1,5 +1,6 @@
 #include "widget/orvel_widget.h"
 
+#include "model/store_files.h"
 #include "views/entry_view.h"
 
 namespace orvel {
@@ -21,6 +22,12 @@ View OrvelWidget::content(const WidgetEntry& entry, const Platform& platform) {
     return OrvelWidgetEntryView(entry.spec)
         .body(platform)
         .containerBackground(background, ContainerBackgroundPlacement::widget);
+}
+
+ExtensionInfo OrvelWidgetBundle::info() {
+    return {.program = "orvel-widget", .watchedFolder = [](const Platform& platform) {
+                return StoreFiles::list(platform).parent_path().string();
+            }};
 }
 
 }  // namespace orvel

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/widget.h"
+#include "platform/host/widget_bundle.h"
 #include "widget/provider.h"
 
 namespace orvel {
@@ -21,9 +21,12 @@ private:
     std::string kind_ = "OrvelWidget";
 };
 
-class OrvelWidgetBundle {
+class OrvelWidgetBundle : public WidgetBundle<OrvelWidgetBundle> {
 public:
     std::vector<OrvelWidget> body() const { return {OrvelWidget()}; }
+
+    /// A change in the store's folder is a reason for a new timeline.
+    static ExtensionInfo info();
 };
 
 }  // namespace orvel

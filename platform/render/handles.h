@@ -6,15 +6,9 @@
 
 #include <memory>
 
-namespace orvel {
+#include "platform/foundation/release_with.h"
 
-template <auto release>
-struct ReleaseWith {
-    template <class Handle>
-    void operator()(Handle* handle) const {
-        release(handle);
-    }
-};
+namespace orvel {
 
 using CairoPtr = std::unique_ptr<cairo_t, ReleaseWith<cairo_destroy>>;
 using CairoSurfacePtr = std::unique_ptr<cairo_surface_t, ReleaseWith<cairo_surface_destroy>>;

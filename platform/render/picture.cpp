@@ -60,6 +60,16 @@ std::string renumbered(const std::string& svg) {
 
 }  // namespace
 
+bool paint(const Picture& picture, const PixelBuffer& pixels, Painter& painter) {
+    const CairoSurfacePtr surface(cairo_image_surface_create_for_data(
+        pixels.bytes, CAIRO_FORMAT_ARGB32, pixels.widthPx, pixels.heightPx, pixels.strideBytes));
+    const CairoPtr cr(cairo_create(surface.get()));
+    cairo_scale(cr.get(), pixels.scale, pixels.scale);
+    paintCards(cr.get(), picture, painter, Target::pixels);
+    cairo_surface_flush(surface.get());
+    return cairo_status(cr.get()) == CAIRO_STATUS_SUCCESS;
+}
+
 Result<std::string, PictureFailure> png(const Picture& picture, double scale, Painter& painter) {
     const int widthPx = static_cast<int>(std::lround(picture.size.width * scale));
     const int heightPx = static_cast<int>(std::lround(picture.size.height * scale));

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/foundation/date.h"
+#include "platform/foundation/pixel_buffer.h"
 #include "platform/foundation/result.h"
 #include "platform/render/painter.h"
 
@@ -25,6 +26,9 @@ struct Picture {
 struct PictureFailure {
     std::string reason;
 };
+
+/// Draws over what the pixels are, at their scale. False when memory runs out.
+bool paint(const Picture& picture, const PixelBuffer& pixels, Painter& painter);
 
 /// 32-bit RGBA; `scale` pixels to the point, sides rounded to whole pixels. Transparent outside the cards.
 Result<std::string, PictureFailure> png(const Picture& picture, double scale, Painter& painter);

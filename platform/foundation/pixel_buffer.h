@@ -1,0 +1,15 @@
+// Pixels that somebody else owns: 32 bits each, alpha in the highest byte of the machine's word, then red, green and
+// blue, multiplied by alpha.
+#pragma once
+
+namespace orvel {
+
+struct PixelBuffer {
+    unsigned char* bytes = nullptr;
+    int widthPx = 0;
+    int heightPx = 0;
+    int strideBytes = 0;
+    double scale = 1;  ///< pixels to the point
+};
+
+}  // namespace orvel

@@ -1,0 +1,15 @@
+// A view's texts without the drawing: what a screen reader has to say.
+#pragma once
+
+#include <string>
+
+#include "platform/ui/localized.h"
+#include "platform/ui/view.h"
+
+namespace orvel {
+
+/// The texts in the tree's order, ", " between them, on one line; at most 200 characters, with "…" for what is cut.
+/// Control characters are left out.
+std::string words(const View& view, const Localizer& localizer);
+
+}  // namespace orvel

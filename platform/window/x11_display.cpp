@@ -1,0 +1,121 @@
+#include "platform/window/x11_display.h"
+
+#include <xcb/randr.h>
+
+#include <charconv>
+#include <cstring>
+
+namespace orvel {
+namespace {
+
+constexpr double standardDpi = 96;
+
+std::optional<double> dpi(std::string_view resources) {
+    constexpr std::string_view key = "Xft.dpi:";
+    for (std::size_t at = 0; at < resources.size();) {
+        const std::string_view line = resources.substr(at, resources.find('\n', at) - at);
+        at += line.size() + 1;
+        if (!line.starts_with(key)) continue;
+        const std::size_t value = line.find_first_not_of(" \t", key.size());
+        double number = 0;
+        if (value != line.npos &&
+            std::from_chars(line.data() + value, line.data() + line.size(), number).ec == std::errc())
+            return number;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::unique_ptr<X11Display> X11Display::connect() {
+    auto self = std::unique_ptr<X11Display>(new X11Display());
+    self->connection_.reset(xcb_connect(nullptr, &self->screenNumber_));
+    if (xcb_connection_has_error(self->connection())) return nullptr;
+    auto screens = xcb_setup_roots_iterator(xcb_get_setup(self->connection()));
+    for (int i = 0; i < self->screenNumber_ && screens.rem > 1; ++i) xcb_screen_next(&screens);
+    self->screen_ = screens.data;
+
+    // 1.5 is the first version that speaks of monitors.
+    const auto* const extension = xcb_get_extension_data(self->connection(), &xcb_randr_id);
+    if (extension && extension->present) {
+        const XcbPtr<xcb_randr_query_version_reply_t> version(xcb_randr_query_version_reply(
+            self->connection(), xcb_randr_query_version(self->connection(), 1, 5), nullptr));
+        if (version && (version->major_version > 1 || version->minor_version >= 5)) {
+            self->monitorEvents_ = extension->first_event;
+            xcb_randr_select_input(self->connection(), self->screen().root, XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE);
+        }
+    }
+    return self;
+}
+
+void X11Display::serve(EventLoop& loop, std::function<void(const xcb_generic_event_t&)> event,
+                       std::function<void()> lost) {
+    event_ = std::move(event);
+    lost_ = std::move(lost);
+    watch_.emplace(loop.watch(
+        xcb_get_file_descriptor(connection()), [] {}, [this] { hand(); }));
+}
+
+// Before each sleep, whatever woke the loop: waiting for a reply may have read events as well.
+void X11Display::hand() {
+    while (const XcbPtr<xcb_generic_event_t> event{xcb_poll_for_event(connection())}) event_(*event);
+    xcb_flush(connection());
+    if (!xcb_connection_has_error(connection())) return;
+    watch_.reset();
+    lost_();
+}
+
+xcb_atom_t X11Display::atom(std::string_view name) const {
+    const XcbPtr<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+        connection(), xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.data()), nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+std::string X11Display::property(xcb_window_t window, std::string_view name, xcb_atom_t type) const {
+    constexpr std::uint32_t mostWords = 1 << 18;
+    const XcbPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+        connection(), xcb_get_property(connection(), 0, window, atom(name), type, 0, mostWords), nullptr));
+    if (!reply) return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
+std::vector<X11Monitor> X11Display::monitors() const {
+    if (!monitorEvents_) return {{"screen", {0, 0, screen().width_in_pixels, screen().height_in_pixels}, true}};
+    const XcbPtr<xcb_randr_get_monitors_reply_t> reply(
+        xcb_randr_get_monitors_reply(connection(), xcb_randr_get_monitors(connection(), screen().root, 1), nullptr));
+    std::vector<X11Monitor> monitors;
+    if (!reply) return monitors;
+    for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem;
+         xcb_randr_monitor_info_next(&each)) {
+        const xcb_randr_monitor_info_t& info = *each.data;
+        const XcbPtr<xcb_get_atom_name_reply_t> name(
+            xcb_get_atom_name_reply(connection(), xcb_get_atom_name(connection(), info.name), nullptr));
+        if (!name || info.width == 0 || info.height == 0) continue;
+        monitors.push_back(
+            {{xcb_get_atom_name_name(name.get()), static_cast<std::size_t>(xcb_get_atom_name_name_length(name.get()))},
+             {info.x, info.y, info.width, info.height},
+             info.primary != 0});
+    }
+    return monitors;
+}
+
+double X11Display::scale() const {
+    const double scale =
+        dpi(property(screen().root, "RESOURCE_MANAGER", XCB_ATOM_STRING)).value_or(standardDpi) / standardDpi;
+    return scale >= 0.5 && scale <= 8 ? scale : 1;
+}
+
+std::optional<PixelRect> X11Display::workArea() const {
+    const std::string bytes = property(screen().root, "_NET_WORKAREA", XCB_ATOM_CARDINAL);
+    std::int32_t area[4];  // of the first desktop
+    if (bytes.size() < sizeof area) return std::nullopt;
+    std::memcpy(area, bytes.data(), sizeof area);
+    return PixelRect{area[0], area[1], area[2], area[3]};
+}
+
+bool X11Display::isMonitorChange(const xcb_generic_event_t& event) const {
+    return monitorEvents_ && (event.response_type & 0x7F) == monitorEvents_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY;
+}
+
+}  // namespace orvel

@@ -1,0 +1,174 @@
+#include "platform/window/x11_window.h"
+
+#include <sys/mman.h>
+#include <xcb/shape.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <initializer_list>
+
+#include "platform/window/x11_shape.h"
+
+namespace orvel {
+namespace {
+
+struct VisualChoice {
+    std::uint8_t depth;
+    xcb_visualid_t visual;
+};
+
+/// A visual of 32-bit pixels: with alpha at depth 32, without at depth 24.
+VisualChoice chooseVisual(const xcb_screen_t& screen, std::uint8_t depth) {
+    for (auto each = xcb_screen_allowed_depths_iterator(&screen); each.rem; xcb_depth_next(&each)) {
+        if (each.data->depth != depth) continue;
+        for (auto visual = xcb_depth_visuals_iterator(each.data); visual.rem; xcb_visualtype_next(&visual))
+            if (visual.data->_class == XCB_VISUAL_CLASS_TRUE_COLOR && visual.data->red_mask == 0xFF0000)
+                return {depth, visual.data->visual_id};
+    }
+    return {screen.root_depth, screen.root_visual};
+}
+
+std::vector<xcb_rectangle_t> wire(const std::vector<PixelRect>& rects) {
+    std::vector<xcb_rectangle_t> result;
+    for (const PixelRect& rect : rects)
+        result.push_back({static_cast<std::int16_t>(rect.x), static_cast<std::int16_t>(rect.y),
+                          static_cast<std::uint16_t>(rect.width), static_cast<std::uint16_t>(rect.height)});
+    return result;
+}
+
+}  // namespace
+
+X11Window::X11Window(X11Display& display, const SurfaceRequest& request, Transparency transparency, double scale,
+                     PixelRect area)
+    : display_(display), scale_(scale), area_(area) {
+    xcb_connection_t* const x = display.connection();
+    const xcb_screen_t& screen = display.screen();
+    const VisualChoice choice = chooseVisual(screen, transparency == Transparency::blended ? 32 : 24);
+    depth_ = choice.depth;
+    colormap_ = xcb_generate_id(x);
+    xcb_create_colormap(x, XCB_COLORMAP_ALLOC_NONE, colormap_, screen.root, choice.visual);
+
+    id_ = xcb_generate_id(x);
+    // A visual other than the root's wants its own border and colours.
+    const std::array<std::uint32_t, 4> values{0, 0, XCB_EVENT_MASK_STRUCTURE_NOTIFY, colormap_};
+    xcb_create_window(x, depth_, id_, screen.root, static_cast<std::int16_t>(area.x), static_cast<std::int16_t>(area.y),
+                      static_cast<std::uint16_t>(area.width), static_cast<std::uint16_t>(area.height), 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, choice.visual,
+                      XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP, values.data());
+    graphics_ = xcb_generate_id(x);
+    xcb_create_gc(x, graphics_, id_, 0, nullptr);
+
+    describe(request);
+    shape(request.cornerRadius * scale, transparency);
+    setTitle(request.title);
+    draw(request);
+    xcb_map_window(x, id_);
+    if (request.placement.layer <= Layer::bottom) {  // where no window manager reads the wish to be below
+        const std::uint32_t below = XCB_STACK_MODE_BELOW;
+        xcb_configure_window(x, id_, XCB_CONFIG_WINDOW_STACK_MODE, &below);
+    }
+}
+
+X11Window::~X11Window() {
+    xcb_free_gc(display_.connection(), graphics_);
+    xcb_destroy_window(display_.connection(), id_);
+    xcb_free_colormap(display_.connection(), colormap_);
+}
+
+// Extended Window Manager Hints 1.5, Inter-Client Communication Conventions Manual 2.0, and the hints by which the
+// first window managers were told to leave decorations away.
+void X11Window::describe(const SurfaceRequest& request) {
+    const auto set = [&](const char* property, xcb_atom_t type, std::initializer_list<std::uint32_t> values) {
+        xcb_change_property(display_.connection(), XCB_PROP_MODE_REPLACE, id_, display_.atom(property), type, 32,
+                            static_cast<std::uint32_t>(values.size()), values.begin());
+    };
+    const auto atom = [&](const char* name) { return display_.atom(name); };
+
+    const Layer layer = request.placement.layer;
+    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+        {atom(layer == Layer::background ? "_NET_WM_WINDOW_TYPE_DESKTOP" : "_NET_WM_WINDOW_TYPE_UTILITY")});
+    set("_NET_WM_STATE", XCB_ATOM_ATOM,
+        {atom(layer <= Layer::bottom ? "_NET_WM_STATE_BELOW" : "_NET_WM_STATE_ABOVE"), atom("_NET_WM_STATE_STICKY"),
+         atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER")});
+    set("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, {0xFFFFFFFF});  // on all of them
+    constexpr std::uint32_t hasDecorations = 2;
+    set("_MOTIF_WM_HINTS", atom("_MOTIF_WM_HINTS"), {hasDecorations, 0, 0, 0, 0});
+    set("WM_PROTOCOLS", XCB_ATOM_ATOM, {atom("WM_DELETE_WINDOW")});
+    constexpr std::uint32_t saysInput = 1;
+    set("WM_HINTS", XCB_ATOM_WM_HINTS, {saysInput, 0 /* takes no keys */, 0, 0, 0, 0, 0, 0, 0});
+    constexpr std::uint32_t personsPosition = 1, leastSize = 16, largestSize = 32;
+    const auto width = static_cast<std::uint32_t>(area_.width);
+    const auto height = static_cast<std::uint32_t>(area_.height);
+    set("WM_NORMAL_HINTS", XCB_ATOM_WM_SIZE_HINTS,
+        {personsPosition | leastSize | largestSize, 0, 0, 0, 0, width, height, width, height, 0, 0, 0, 0, 0, 0, 0, 0,
+         0});
+
+    const std::string wmClass = request.program + '\0' + request.program + '\0';
+    xcb_change_property(display_.connection(), XCB_PROP_MODE_REPLACE, id_, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
+                        static_cast<std::uint32_t>(wmClass.size()), wmClass.data());
+}
+
+void X11Window::shape(double cornerRadiusPx, Transparency transparency) {
+    xcb_connection_t* const x = display_.connection();
+    const auto* const extension = xcb_get_extension_data(x, &xcb_shape_id);
+    if (!extension || !extension->present) return;
+    const auto setShape = [&](xcb_shape_sk_t kind, const std::vector<PixelRect>& rects) {
+        const auto rectangles = wire(rects);
+        xcb_shape_rectangles(x, XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED, id_, 0, 0,
+                             static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
+    };
+    setShape(XCB_SHAPE_SK_INPUT, {});  // clicks go through
+    if (transparency == Transparency::cut)
+        setShape(XCB_SHAPE_SK_BOUNDING, roundedShape(area_.width, area_.height, cornerRadiusPx));
+}
+
+void X11Window::setTitle(const std::string& title) {
+    const auto set = [&](xcb_atom_t property, xcb_atom_t type) {
+        xcb_change_property(display_.connection(), XCB_PROP_MODE_REPLACE, id_, property, type, 8,
+                            static_cast<std::uint32_t>(title.size()), title.data());
+    };
+    set(display_.atom("_NET_WM_NAME"), display_.atom("UTF8_STRING"));
+    set(XCB_ATOM_WM_NAME, display_.atom("UTF8_STRING"));
+}
+
+void X11Window::move(int xPx, int yPx) {
+    area_.x = xPx;
+    area_.y = yPx;
+    const std::array<std::uint32_t, 2> values{static_cast<std::uint32_t>(xPx), static_cast<std::uint32_t>(yPx)};
+    xcb_configure_window(display_.connection(), id_, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, values.data());
+}
+
+void X11Window::draw(const SurfaceRequest& request) {
+    xcb_connection_t* const x = display_.connection();
+    const int strideBytes = area_.width * 4;
+    const auto size = static_cast<std::size_t>(strideBytes) * static_cast<std::size_t>(area_.height);
+    // Shared, so that whoever draws may do so in another process.
+    void* const bytes = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    if (bytes == MAP_FAILED) return;
+    const PixelBuffer pixels{static_cast<unsigned char*>(bytes), area_.width, area_.height, strideBytes, scale_};
+    if (request.draw(pixels)) {
+        constexpr bool lowByteFirst = std::endian::native == std::endian::little;
+        if ((xcb_get_setup(x)->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST) != lowByteFirst)
+            for (std::size_t i = 0; i < size; i += 4) std::reverse(pixels.bytes + i, pixels.bytes + i + 4);
+
+        const xcb_pixmap_t picture = xcb_generate_id(x);
+        xcb_create_pixmap(x, depth_, picture, id_, static_cast<std::uint16_t>(area_.width),
+                          static_cast<std::uint16_t>(area_.height));
+        constexpr std::uint32_t header = 64;  // bytes, and some more
+        const std::uint32_t mostBytes = xcb_get_maximum_request_length(x) * 4 - header;
+        const int mostRows = std::max(1, static_cast<int>(mostBytes / static_cast<std::uint32_t>(strideBytes)));
+        for (int row = 0; row < area_.height; row += mostRows) {
+            const int rows = std::min(mostRows, area_.height - row);
+            xcb_put_image(x, XCB_IMAGE_FORMAT_Z_PIXMAP, picture, graphics_, static_cast<std::uint16_t>(area_.width),
+                          static_cast<std::uint16_t>(rows), 0, static_cast<std::int16_t>(row), 0, depth_,
+                          static_cast<std::uint32_t>(rows * strideBytes), pixels.bytes + row * strideBytes);
+        }
+        xcb_change_window_attributes(x, id_, XCB_CW_BACK_PIXMAP, &picture);
+        xcb_clear_area(x, 0, id_, 0, 0, 0, 0);
+        xcb_free_pixmap(x, picture);
+    }
+    ::munmap(bytes, size);
+}
+
+}  // namespace orvel
