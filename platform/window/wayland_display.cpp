@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdarg>
 #include <string_view>
 
 #include "fractional-scale-v1.h"
@@ -85,6 +86,8 @@ struct WaylandDisplay::Events {
 
 std::unique_ptr<WaylandDisplay> WaylandDisplay::connect() {
     auto self = std::unique_ptr<WaylandDisplay>(new WaylandDisplay());
+    // The library would print lines of its own beside the one that the host says.
+    wl_log_set_handler_client([](const char*, va_list) {});
     self->display_ = wl_display_connect(nullptr);
     if (!self->display_) return nullptr;
     self->registry_ = wl_display_get_registry(self->display_);
