@@ -6,19 +6,11 @@
 #include "platform/foundation/unicode.h"
 
 namespace orvel::WidgetStore {
-namespace {
-
-std::filesystem::path homeDirectory(const Accounts& accounts) {
-    const auto account = accounts.current();
-    if (account && account->homeDirectory && !account->homeDirectory->empty()) return *account->homeDirectory;
-    return accounts.processHomeDirectory();
-}
-
-}  // namespace
 
 std::filesystem::path dir(const Platform& platform) {
     // The slash at the end says that it is a folder.
-    std::filesystem::path folder = homeDirectory(platform.accounts) / "Library/Application Support/Orvel/";
+    const std::filesystem::path home = homeDirectory(platform.accounts);
+    std::filesystem::path folder = home / "Library/Application Support/Orvel/";
     (void)platform.files.createFolders(folder);
     return folder;
 }

@@ -20,6 +20,17 @@ public:
 
     /// The process's home directory as its surroundings report it. Never empty.
     virtual std::string processHomeDirectory() const = 0;
+
+    /// Where the process's surroundings keep settings; absent when they name no absolute path. Then it is ".config"
+    /// in the home directory.
+    virtual std::optional<std::string> configurationDirectory() const { return std::nullopt; }
 };
+
+/// The account's home directory, or the process's when the user database has none.
+inline std::string homeDirectory(const Accounts& accounts) {
+    const auto account = accounts.current();
+    if (account && account->homeDirectory && !account->homeDirectory->empty()) return *account->homeDirectory;
+    return accounts.processHomeDirectory();
+}
 
 }  // namespace orvel

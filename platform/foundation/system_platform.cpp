@@ -51,6 +51,12 @@ public:
         const char* const home = std::getenv("HOME");
         return home && *home ? home : "/";
     }
+
+    std::optional<std::string> configurationDirectory() const override {
+        const char* const directory = std::getenv("XDG_CONFIG_HOME");
+        if (!directory || *directory != '/') return std::nullopt;
+        return directory;
+    }
 };
 
 class SystemTimeZone final : public TimeZone {

@@ -2,7 +2,7 @@
 
 #include <libintl.h>
 
-#include <system_error>
+#include "platform/foundation/installation.h"
 
 namespace orvel {
 namespace {
@@ -22,10 +22,7 @@ std::string GettextLocalizer::lookUp(std::string_view key) const {
 }
 
 std::filesystem::path GettextLocalizer::installedDirectory() {
-    std::error_code code;
-    const auto program = std::filesystem::read_symlink("/proc/self/exe", code);
-    if (code) return "/usr/share/locale";
-    return program.parent_path().parent_path() / "share/locale";
+    return installedData() / "locale";
 }
 
 }  // namespace orvel

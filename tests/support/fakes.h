@@ -71,6 +71,8 @@ public:
     std::optional<Account> account = Account{"/home/ada"};
     std::optional<Account> current() const override { return account; }
     std::string processHomeDirectory() const override { return "/process/home"; }
+    std::optional<std::string> configuration = {};
+    std::optional<std::string> configurationDirectory() const override { return configuration; }
 };
 
 /// A zone given by its changes: each offset holds from its instant on, the first one since ever.

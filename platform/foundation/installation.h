@@ -1,0 +1,11 @@
+// Where the running program is installed.
+#pragma once
+
+#include <filesystem>
+
+namespace orvel {
+
+/// The folder "share" beside the program's own "bin"; that of /usr when the machine can't tell where the program lies.
+std::filesystem::path installedData();
+
+}  // namespace orvel
