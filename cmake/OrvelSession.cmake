@@ -1,0 +1,21 @@
+# What starts the card with a session: a systemd user unit, an autostart entry, and the script that the entry runs.
+# Neither does anything before a person turns it on. The entry is a model that `orvel autostart on` copies.
+
+install(PROGRAMS session/start-card DESTINATION libexec/orvel)
+
+# Both files name programs by full path, which is known when they are installed. systemd looks for users' units in
+# "share" below /usr, /usr/local and ~/.local alike; in "lib" it wouldn't find those of ~/.local.
+install(CODE "set(orvel_session \"${CMAKE_SOURCE_DIR}/session\")\nset(orvel_made \"${CMAKE_BINARY_DIR}/session\")")
+install(CODE [[
+  set(widget ${CMAKE_INSTALL_PREFIX}/bin/orvel-widget)
+  string(REPLACE "%" "%%" widget_for_unit "${widget}")
+  string(REPLACE "\\" "\\\\" widget_for_try_exec "${widget}")
+  # An argument in quotation marks, and then that as a text of the file, where each backslash is written twice.
+  string(REGEX REPLACE "([\"`$\\])" "\\\\\\1" start_for_exec "${CMAKE_INSTALL_PREFIX}/libexec/orvel/start-card")
+  string(REPLACE "%" "%%" start_for_exec "${start_for_exec}")
+  string(REPLACE "\\" "\\\\" start_for_exec "\"${start_for_exec}\"")
+  configure_file("${orvel_session}/orvel-widget.service.in" "${orvel_made}/orvel-widget.service" @ONLY)
+  configure_file("${orvel_session}/orvel-widget.desktop.in" "${orvel_made}/orvel-widget.desktop" @ONLY)
+  file(INSTALL "${orvel_made}/orvel-widget.service" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/systemd/user")
+  file(INSTALL "${orvel_made}/orvel-widget.desktop" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/orvel")
+]])

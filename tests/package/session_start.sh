@@ -1,0 +1,68 @@
+#!/bin/sh
+# The installed programs, started as a session starts them: below a folder whose name every form of quoting minds, with
+# a systemd that knows the unit, with one that doesn't, and without any. The user database is wrapped so that the
+# account's home is a temporary folder; systemctl and the card are stand-ins that write down how they were called.
+# Usage: session_start.sh BUILD_FOLDER
+set -eu
+
+build=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+fail() { echo "FAILED: $*" >&2; exit 1; }
+
+prefix="$work/a b\$c%d"
+cmake --install "$build" --prefix "$prefix" --component program > "$work/install.log"
+unit=$prefix/share/systemd/user/orvel-widget.service
+[ -z "$(find "$prefix" -path '*/xdg/autostart/*' -o -name '*.wants')" ] || fail "installing alone turns it on"
+
+echo "user:x:$(id -u):$(id -g)::$work/home:/bin/sh" > "$work/passwd"
+echo "user:x:$(id -g):" > "$work/group"
+orvel() {
+    env -u XDG_CONFIG_HOME NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" \
+        ASAN_OPTIONS=verify_asan_link_order=0 LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" "$@"
+}
+orvel autostart on
+entry=$work/home/.config/autostart/orvel-widget.desktop
+[ "$(orvel autostart)" = on ] || fail "it isn't on"
+
+# Literally: quoted for the entry's command line and then for its file format; a percent sign twice, in the unit too.
+has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }
+has "$entry" "Exec=sh \"$work/a b\\\\\$c%%d/libexec/orvel/start-card\""
+has "$entry" "TryExec=$work/a b\$c%d/bin/orvel-widget"
+has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel-widget\""
+script=$prefix/libexec/orvel/start-card
+program=$prefix/bin/orvel-widget
+if command -v desktop-file-validate > /dev/null; then
+    [ -z "$(desktop-file-validate "$entry")" ] || fail "$(desktop-file-validate "$entry")"
+fi
+if command -v systemd-analyze > /dev/null; then
+    said=$(XDG_RUNTIME_DIR=$work MANPATH=$prefix/share/man systemd-analyze --user verify "$unit" 2>&1 |
+        grep orvel-widget.service | grep -v 'Command .man' || true)
+    [ -z "$said" ] || fail "$said"
+fi
+
+mkdir "$work/bin"
+cat > "$work/bin/systemctl" <<'SH'
+#!/bin/sh
+echo "systemctl $*" >> "$calls"
+[ "$2" != start ] || exit "$answer"
+SH
+cat > "$program" <<'SH'
+#!/bin/sh
+echo "card" >> "$calls"
+SH
+chmod +x "$work/bin/systemctl"
+export calls="$work/calls"
+started() { # with that PATH and that answer of systemctl
+    : > "$calls"
+    PATH=$1 answer=$2 /bin/sh "$script"
+    grep -v import-environment "$calls" || true
+}
+[ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start orvel-widget.service" ] || fail "two cards: $(cat "$calls")"
+grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the unit isn't told of the display"
+[ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = card ] || fail "no card where systemd doesn't know the unit"
+[ "$(started "$work/none" 0)" = card ] || fail "no card without systemd"
+
+orvel autostart off
+[ ! -e "$entry" ] || fail "it isn't off"
+echo "started with a session: all well"
