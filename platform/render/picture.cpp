@@ -61,8 +61,8 @@ std::string renumbered(const std::string& svg) {
 }  // namespace
 
 bool paint(const Picture& picture, const PixelBuffer& pixels, Painter& painter) {
-    const CairoSurfacePtr surface(cairo_image_surface_create_for_data(
-        pixels.bytes, CAIRO_FORMAT_ARGB32, pixels.widthPx, pixels.heightPx, pixels.strideBytes));
+    const CairoSurfacePtr surface(cairo_image_surface_create_for_data(pixels.bytes, CAIRO_FORMAT_ARGB32, pixels.widthPx,
+                                                                      pixels.heightPx, pixels.strideBytes));
     const CairoPtr cr(cairo_create(surface.get()));
     cairo_scale(cr.get(), pixels.scale, pixels.scale);
     paintCards(cr.get(), picture, painter, Target::pixels);
