@@ -5,10 +5,10 @@
 #include <cstdarg>
 #include <string_view>
 
-#include "fractional-scale-v1.h"
-#include "layer_shell.h"
-#include "viewporter.h"
-#include "xdg-shell.h"
+#include <fractional-scale-v1.h>
+#include <layer_shell.h>
+#include <viewporter.h>
+#include <xdg-shell.h>
 
 namespace orvel {
 

@@ -3,8 +3,8 @@
 #include <cmath>
 #include <utility>
 
-#include "layer_shell.h"
-#include "xdg-shell.h"
+#include <layer_shell.h>
+#include <xdg-shell.h>
 
 namespace orvel {
 namespace {

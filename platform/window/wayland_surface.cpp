@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <vector>
 
-#include "fractional-scale-v1.h"
+#include <fractional-scale-v1.h>
 #include "platform/window/back_off.h"
 #include "platform/window/timer.h"
 #include "platform/window/wayland_buffer.h"
 #include "platform/window/wayland_shell.h"
-#include "viewporter.h"
+#include <viewporter.h>
 
 namespace orvel {
 namespace {
