@@ -11,6 +11,7 @@ std::unique_ptr<CLI::App> makeApp(Session& session) {
     addReadingCommands(*app, session);
     addDrawingCommands(*app, session);
     addSymbolCommands(*app, session);
+    addDesktopCommands(*app, session);
     addAutostartCommands(*app, session);
     return app;
 }

@@ -13,6 +13,7 @@ namespace orvel::tools {
 std::unique_ptr<CLI::App> makeApp(Session& session);
 
 void addAutostartCommands(CLI::App& app, Session& session);
+void addDesktopCommands(CLI::App& app, Session& session);
 void addDrawingCommands(CLI::App& app, Session& session);
 void addReadingCommands(CLI::App& app, Session& session);
 void addStoreCommands(CLI::App& app, Session& session);

@@ -1,36 +1,21 @@
 // render, inspect, timeline and gallery.
-#include <map>
-
 #include "tools/app.h"
 #include "tools/commands.h"
-#include "tools/instant_option.h"
+#include "tools/shared_options.h"
 
 namespace orvel::tools {
 namespace {
 
-const std::map<std::string, WidgetFamily> families{{"small", WidgetFamily::systemSmall},
-                                                   {"medium", WidgetFamily::systemMedium}};
-
-// CLI::Range takes not-a-number for a number in any range.
-const CLI::Validator validScale(
-    [](const std::string& text) {
-        double scale = 0;
-        return CLI::detail::lexical_cast(text, scale) && scale >= 1 && scale <= 8 ? "" : text + " is not from 1 to 8";
-    },
-    "", "");
-
 void addCardOptions(CLI::App& command, Session& session, CardChoices& card) {
     command.add_option("--design", card.design, "A design, or a list whose first counts; - is standard input")
         ->type_name("FILE|-");
-    command.add_option("--family", card.family, "The card's size (default: small)")
-        ->transform(CLI::CheckedTransformer(families))
-        ->type_name("small|medium");
+    addFamilyOption(command, card.family);
     addInstantOption(command, session);
 }
 
 void addDrawingOptions(CLI::App& command, DrawingChoices& drawing) {
     command.add_option("--scale", drawing.scale, "Pixels to the point in a PNG, 1 to 8 (default: 2)")
-        ->check(validScale)
+        ->check(numberWithin(1, 8))
         ->type_name("N");
     command
         .add_option("-o,--output", drawing.output,

@@ -3,7 +3,7 @@
 
 #include "tools/app.h"
 #include "tools/check.h"
-#include "tools/instant_option.h"
+#include "tools/shared_options.h"
 #include "tools/words.h"
 
 namespace orvel::tools {
