@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/window/back_off.h"
+#include "platform/window/path_watch.h"
+#include "platform/window/placement.h"
+#include "platform/window/timer.h"
+#include "platform/window/x11_shape.h"
+
+namespace orvel {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+TEST(Placement, LiesInTheAreaWithTheMarginToTheEdgesItIsAnchoredTo) {
+    const PixelRect area{100, 50, 1000, 600};
+    const PixelRect box{0, 0, 170, 170};
+    EXPECT_EQ(placed(box, area, {1, -1}, 24), (PixelRect{906, 74, 170, 170}));
+    EXPECT_EQ(placed(box, area, {-1, 1}, 24), (PixelRect{124, 456, 170, 170}));
+    EXPECT_EQ(placed(box, area, {0, 0}, 24), (PixelRect{515, 265, 170, 170})) << "no edge, no margin";
+    EXPECT_EQ(intersection(area, {0, 0, 300, 100}), (PixelRect{100, 50, 200, 50}));
+    EXPECT_EQ(intersection(area, {0, 0, 50, 50}).width, 0);
+}
+
+TEST(RoundedShape, CoversThePixelsWhoseCentresAreInside) {
+    const double radius = 30;
+    std::vector<int> covered(170, 0);
+    for (const PixelRect& row : roundedShape(170, 100, radius))
+        for (int y = row.y; y < row.y + row.height; ++y)
+            for (int x = 0; x < 170; ++x) {
+                const double dx = std::max({radius - (x + 0.5), (x + 0.5) - (170 - radius), 0.0});
+                const double dy = std::max({radius - (y + 0.5), (y + 0.5) - (100 - radius), 0.0});
+                const bool inside = dx * dx + dy * dy <= radius * radius;
+                EXPECT_EQ(x >= row.x && x < row.x + row.width, inside) << x << ' ' << y;
+                if (inside) ++covered[static_cast<std::size_t>(x)];
+            }
+    EXPECT_EQ(covered[85], 100) << "every row is there";
+    EXPECT_EQ(roundedShape(10, 10, 0), (std::vector<PixelRect>{{0, 0, 10, 10}}));
+}
+
+TEST(BackOff, DoublesUpToAMinute) {
+    BackOff backOff;
+    for (const auto expected : {100ms, 200ms, 400ms, 800ms}) EXPECT_EQ(backOff.next(), expected);
+    for (int i = 0; i < 50; ++i) backOff.next();
+    EXPECT_EQ(backOff.next(), 60s);
+    backOff.reset();
+    EXPECT_EQ(backOff.next(), 100ms);
+}
+
+TEST(ClockTimer, FiresAtItsDateAndAtOnceForOneThatHasPassed) {
+    EventLoop loop;
+    const auto now = [] { return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()); };
+    int fired = 0;
+    ClockTimer timer(loop, [&] {
+        ++fired;
+        loop.stop();
+    });
+    const double due = now().count() + 0.05;
+    timer.set(Date::fromUnixTime(due));
+    loop.run();
+    EXPECT_GE(now().count(), due);
+    timer.set(Date{-1e12});
+    loop.run();
+    EXPECT_EQ(fired, 2);
+}
+
+/// A folder "a/store" in a new place, watched, while a test changes things.
+class WatchedFolder : public testing::Test {
+protected:
+    WatchedFolder() { fs::create_directories(root); }
+    ~WatchedFolder() override { fs::remove_all(root); }
+
+    /// Whether the watch tells of a change within a second; it must not tell twice of one.
+    bool isTold(const std::function<void()>& change) {
+        int told = 0;
+        PathWatch watch(loop, {root / "a/store"}, [&] { ++told; });
+        change();
+        DelayTimer enough(loop, [&] { loop.stop(); });
+        enough.set(400ms);
+        loop.run();
+        EXPECT_LE(told, 1);
+        return told == 1;
+    }
+    static void write(const fs::path& file) { std::ofstream(file) << "text"; }
+
+    EventLoop loop;
+    fs::path root =
+        fs::canonical(fs::temp_directory_path()) /
+        ("watched-" + std::to_string(::getpid()) + testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::path store = root / "a/store";
+};
+
+TEST_F(WatchedFolder, TellsOfEveryWayToChangeWhatItHolds) {
+    EXPECT_TRUE(isTold([&] { fs::create_directories(store); })) << "made later, with its parent";
+    EXPECT_TRUE(isTold([&] {
+        for (int i = 0; i < 50; ++i) write(store / "list");
+    })) << "in place, many times";
+    EXPECT_TRUE(isTold([&] {
+        write(store / "new");
+        fs::rename(store / "new", store / "list");
+    })) << "replaced";
+    EXPECT_TRUE(isTold([&] { fs::remove(store / "list"); }));
+    EXPECT_TRUE(isTold([&] {
+        fs::remove_all(store);
+        fs::create_directory(store);
+        write(store / "list");
+    })) << "deleted and made again";
+    EXPECT_TRUE(isTold([&] { fs::rename(root / "a", root / "b"); })) << "a parent moved away";
+    EXPECT_TRUE(isTold([&] { fs::rename(root / "b", root / "a"); })) << "and back";
+    EXPECT_FALSE(isTold([&] {
+        write(root / "a/elsewhere");
+        write(root / "elsewhere");
+    })) << "what lies beside the way wakes nobody";
+}
+
+TEST_F(WatchedFolder, FollowsLinks) {
+    fs::create_directories(root / "a");
+    fs::create_directories(root / "one");
+    fs::create_directories(root / "two");
+    fs::create_directory_symlink("../one", store);
+    EXPECT_TRUE(isTold([&] { write(root / "one/list"); }));
+    EXPECT_TRUE(isTold([&] {
+        fs::create_directory_symlink("../two", root / "a/next");
+        fs::rename(root / "a/next", store);
+    })) << "the link is swapped";
+    EXPECT_TRUE(isTold([&] { write(root / "two/list"); }));
+
+    fs::create_symlink("../one/list", root / "two/linked");
+    EXPECT_TRUE(isTold([&] { write(root / "one/list"); })) << "a file that a link in the folder points to";
+    fs::create_symlink("itself", root / "two/itself");
+    EXPECT_TRUE(isTold([&] { write(root / "two/list"); })) << "a link to itself harms nobody";
+}
+
+}  // namespace
+}  // namespace orvel
