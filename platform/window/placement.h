@@ -16,9 +16,9 @@ struct Anchor {
 };
 
 struct Placement {
-    Anchor anchor;
-    double margin = 24;                 ///< points to the edges that the surface is anchored to
-    std::optional<std::string> output;  ///< by name; absent: the window system's choice
+    Anchor anchor = {};
+    double margin = 24;                      ///< points to the edges that the surface is anchored to
+    std::optional<std::string> output = {};  ///< by name; absent: the window system's choice
     Layer layer = Layer::bottom;
 };
 
