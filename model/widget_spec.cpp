@@ -26,7 +26,8 @@ bool equalTexts(const std::optional<std::string>& a, const std::optional<std::st
 }
 
 bool equalLists(const std::optional<std::vector<std::string>>& a, const std::optional<std::vector<std::string>>& b) {
-    return a.has_value() == b.has_value() && (!a || std::ranges::equal(*a, *b, unicode::canonicallyEquivalent));
+    return a.has_value() == b.has_value() &&
+           (!a || std::equal(a->begin(), a->end(), b->begin(), b->end(), unicode::canonicallyEquivalent));
 }
 
 }  // namespace

@@ -41,11 +41,18 @@ public:
     // ".25" as 0.25, or 0 where no point follows.
     double fraction() {
         if (!rest_.starts_with('.')) return 0;
-        const std::size_t length = std::min(rest_.find_first_not_of("0123456789", 1), rest_.size());
-        double value = 0;
-        if (length < 2 || std::from_chars(rest_.data(), rest_.data() + length, value).ec != std::errc{}) fail();
+        rest_.remove_prefix(1);
+        const std::size_t length = std::min(rest_.find_first_not_of("0123456789"), rest_.size());
+        if (length == 0) fail();
+        // As many digits as a double holds exactly; no date could keep more.
+        constexpr std::size_t most = 15;
+        double digits = 0, unit = 1;
+        for (const char c : rest_.substr(0, std::min(length, most))) {
+            digits = digits * 10 + (c - '0');
+            unit *= 10;
+        }
         rest_.remove_prefix(length);
-        return value;
+        return digits / unit;
     }
     bool atEnd() const { return rest_.empty(); }
     void fail() { matches_ = false; }

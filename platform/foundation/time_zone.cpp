@@ -1,6 +1,7 @@
 #include "platform/foundation/time_zone.h"
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace orvel {
@@ -37,9 +38,9 @@ std::optional<Date> instantOf(local_seconds local, const TimeZone& zone) {
     for (sys_seconds at = time - widestOffset; at <= time + widestOffset; at += hours{1}) {
         const auto offset = zone.utcOffset(at);
         if (!offset) return std::nullopt;
-        if (std::ranges::find(offsets, *offset) == offsets.end()) offsets.push_back(*offset);
+        if (std::find(offsets.begin(), offsets.end(), *offset) == offsets.end()) offsets.push_back(*offset);
     }
-    std::ranges::sort(offsets, std::ranges::greater{});  // the largest offset gives the earliest instant
+    std::sort(offsets.begin(), offsets.end(), std::greater{});  // the largest offset gives the earliest instant
     for (const seconds offset : offsets)
         if (zone.utcOffset(time - offset) == offset) return date(time - offset);
 

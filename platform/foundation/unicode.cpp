@@ -24,7 +24,7 @@ const std::uint8_t* bytes(std::string_view text) {
 }
 
 bool isAscii(std::string_view text) {
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 bool isWhitespace(ucs4_t character) {
@@ -57,8 +57,8 @@ bool isValid(std::string_view text) {
 std::string uppercased(std::string_view text) {
     std::string upper(text);
     if (isAscii(text)) {
-        std::ranges::transform(upper, upper.begin(),
-                               [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; });
+        std::transform(upper.begin(), upper.end(), upper.begin(),
+                       [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c; });
         return upper;
     }
     if (!isValid(text)) return upper;

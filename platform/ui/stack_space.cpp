@@ -14,7 +14,7 @@ double flexibility(const StackChild& child) {
 std::vector<std::size_t> servingOrder(std::span<const StackChild> children) {
     std::vector<std::size_t> order(children.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
-    std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) {
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
         if (children[a].priority != children[b].priority) return children[a].priority > children[b].priority;
         return flexibility(children[a]) < flexibility(children[b]);
     });
