@@ -18,8 +18,6 @@
 namespace orvel::bench {
 namespace {
 
-constexpr double scale = 2;  // pixels to the point
-
 std::optional<WidgetSpec> sampleDesign(WidgetSpec::Kind kind) {
     WidgetSpec::Fields fields{.id = "sample", .title = "Active users", .kind = kind, .symbol = "person.2.fill"};
     switch (kind) {
@@ -47,7 +45,14 @@ struct Case {
     std::string name;
     std::optional<WidgetSpec> spec;  // absent: the empty state
     WidgetFamily family;
+    double scale = 2;  // pixels to the point
 };
+
+std::optional<WidgetSpec> listOf(std::size_t items) {
+    auto spec = sampleDesign(WidgetSpec::Kind::list);
+    spec->items = std::vector<std::string>(items, "Sourdough bread");  // the record itself keeps to no limit
+    return spec;
+}
 
 std::vector<Case> allCases() {
     std::vector<Case> cases;
@@ -57,6 +62,12 @@ std::vector<Case> allCases() {
             cases.push_back({std::string(rawValue(kind)) + size, sampleDesign(kind), family});
         cases.push_back({"empty" + size, std::nullopt, family});
     }
+    // How the cost grows.
+    for (const int scale : {1, 2, 4, 8})
+        cases.push_back({"scale/" + std::to_string(scale), sampleDesign(WidgetSpec::Kind::metric),
+                         WidgetFamily::systemMedium, static_cast<double>(scale)});
+    for (const std::size_t items : {1, 2, 5, 100, 10'000, 1'000'000})
+        cases.push_back({"items/" + std::to_string(items), listOf(items), WidgetFamily::systemSmall});
     return cases;
 }
 
@@ -87,9 +98,11 @@ Host& host() {
 
 class Canvas {
 public:
-    explicit Canvas(WidgetFamily family)
-        : surface_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(displaySize(family).width * scale),
-                                              static_cast<int>(displaySize(family).height * scale))) {}
+    explicit Canvas(const Case& card)
+        : scale_(card.scale),
+          surface_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32,
+                                              static_cast<int>(displaySize(card.family).width * scale_),
+                                              static_cast<int>(displaySize(card.family).height * scale_))) {}
     Canvas(const Canvas&) = delete;
     Canvas& operator=(const Canvas&) = delete;
     ~Canvas() { cairo_surface_destroy(surface_); }
@@ -101,7 +114,7 @@ public:
         cairo_set_operator(context, CAIRO_OPERATOR_CLEAR);
         cairo_paint(context);
         cairo_set_operator(context, CAIRO_OPERATOR_OVER);
-        cairo_scale(context, scale, scale);
+        cairo_scale(context, scale_, scale_);
         draw(context);
         const bool succeeded = cairo_status(context) == CAIRO_STATUS_SUCCESS;
         cairo_destroy(context);
@@ -109,6 +122,7 @@ public:
     }
 
 private:
+    double scale_;
     cairo_surface_t* surface_;
 };
 
@@ -124,7 +138,7 @@ void fillRoundedRectangle(cairo_t* context, Size size, double radius) {
 }
 
 void draw(benchmark::State& state, const Case& card) {
-    Canvas canvas(card.family);
+    Canvas canvas(card);
     const auto drawCard = [&](cairo_t* context) { host().paint(context, host().scene(card)); };
     canvas.draw(drawCard);  // shapes the texts and keeps their glyphs
     for (auto _ : state)
@@ -137,7 +151,7 @@ void layOutOnly(benchmark::State& state, const Case& card) {
 }
 
 void fillOnly(benchmark::State& state, const Case& card) {
-    Canvas canvas(card.family);
+    Canvas canvas(card);
     const auto fill = [&](cairo_t* context) { fillRoundedRectangle(context, displaySize(card.family), cornerRadius); };
     for (auto _ : state)
         if (!canvas.draw(fill)) state.SkipWithError("the rectangle wasn't drawn");

@@ -151,7 +151,7 @@ void writeOptional(json::Writer& writer, CodingKeys key, const std::optional<std
 }  // namespace
 
 std::string DecodingFailure::message() const {
-    const std::string where = index ? "design @" + std::to_string(*index + 1) + ": " : "";
+    std::string where = index ? "design @" + std::to_string(*index + 1) + ": " : "";
     const std::string what = key.empty() ? (index ? "it" : "the text") : '"' + key + '"';
     switch (reason) {
         case Reason::malformed: return where + "not valid JSON at byte " + std::to_string(offset) + ": " + detail;

@@ -31,8 +31,8 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
     }
 
     const FixedClock chosenClock(session.at.value_or(Date{}));
-    const Platform chosen{session.at ? chosenClock : platform.clock, platform.files, platform.accounts,
-                          platform.timeZone, platform.identities};
+    const Clock& clock = session.at ? static_cast<const Clock&>(chosenClock) : platform.clock;
+    const Platform chosen{clock, platform.files, platform.accounts, platform.timeZone, platform.identities};
     try {
         const auto outcome = session.operation(chosen);
         if (outcome) return done;

@@ -128,7 +128,7 @@ Result<std::unique_ptr<NewFile>, FileFailure> createTemporaryBeside(const path& 
 }
 
 bool isStale(const path& name) {
-    constexpr time_t oneDay = 24 * 60 * 60;
+    constexpr time_t oneDay = 86'400;  // seconds
     struct stat status;
     return ::lstat(name.c_str(), &status) == 0 && S_ISREG(status.st_mode) && ::time(nullptr) - status.st_mtime > oneDay;
 }

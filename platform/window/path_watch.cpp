@@ -23,8 +23,10 @@ constexpr auto quiet = 20ms;
 constexpr auto longestBurst = 200ms;
 
 // What tells that a name on the way leads elsewhere now. Watching the thing itself, not the folder that it lies in, a
-// busy home folder wakes nobody.
-constexpr std::uint32_t itself = IN_DELETE_SELF | IN_MOVE_SELF | IN_ATTRIB;
+// busy home folder wakes nobody. (A changed attribute would tell of everything in a folder; a file's, or a link's, also
+// tells that its last name is gone.)
+constexpr std::uint32_t gone = IN_DELETE_SELF | IN_MOVE_SELF;
+constexpr std::uint32_t itself = gone | IN_ATTRIB;
 constexpr std::uint32_t names = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
 
 /// Adds the watches that one path needs as things stand.
@@ -62,13 +64,13 @@ private:
         std::error_code failed;
         auto status = fs::symlink_status(next, failed);
         if (!fs::exists(status)) {
-            watch(at_, itself | names | IN_ONLYDIR);
+            watch(at_, gone | names | IN_ONLYDIR);
             status = fs::symlink_status(next, failed);  // made before the watch was there
             if (!fs::exists(status)) return false;
         }
         ahead_.pop_front();
         if (fs::is_symlink(status)) return turn(next);
-        if (!ahead_.empty()) watch(next, itself | IN_ONLYDIR);
+        if (!ahead_.empty()) watch(next, gone | IN_ONLYDIR);
         at_ = next;
         return true;
     }

@@ -18,9 +18,10 @@ struct WaylandDisplay::Events {
     static void added(void* data, wl_registry* registry, std::uint32_t id, const char* interface,
                       std::uint32_t offered) {
         WaylandDisplay& self = display(data);
-        const auto bind = [&]<class Interface>(Interface*& to, const wl_interface& what, std::uint32_t known) {
+        const auto bind = [&](auto*& to, const wl_interface& what, std::uint32_t known) {
             if (to || std::string_view(interface) != what.name) return;
-            to = static_cast<Interface*>(wl_registry_bind(registry, id, &what, std::min(offered, known)));
+            void* const bound = wl_registry_bind(registry, id, &what, std::min(offered, known));
+            to = static_cast<std::remove_reference_t<decltype(to)>>(bound);
         };
         bind(self.compositor, wl_compositor_interface, 4);
         bind(self.sharedMemory, wl_shm_interface, 1);
@@ -93,7 +94,8 @@ std::unique_ptr<WaylandDisplay> WaylandDisplay::connect() {
     self->registry_ = wl_display_get_registry(self->display_);
     wl_registry_add_listener(self->registry_, &Events::registryListener, self.get());
     // Once for what there is, once for what the outputs say of themselves.
-    if (wl_display_roundtrip(self->display_) < 0 || wl_display_roundtrip(self->display_) < 0) return nullptr;
+    for (int round = 0; round < 2; ++round)
+        if (wl_display_roundtrip(self->display_) < 0) return nullptr;
     if (!self->compositor || !self->sharedMemory) return nullptr;
     if (self->windowShell) xdg_wm_base_add_listener(self->windowShell, &Events::windowShellListener, nullptr);
     return self;
