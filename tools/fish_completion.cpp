@@ -63,7 +63,10 @@ std::string arms(const std::vector<const CommandOutline*>& commands) {
         if (command->path.size() > 1) subcommands += " " + quoted(path);
         for (const auto& option : command->options)
             if (option.values != Values::none)
-                for (const auto& name : option.names) options.append(" ").append(quoted(path + " " + name));
+                for (const auto& name : option.names) {
+                    const std::string words = path + " " + name;
+                    options.append(" ").append(quoted(words));
+                }
     }
     std::string text;
     const std::string indent(16, ' ');

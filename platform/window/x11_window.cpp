@@ -162,7 +162,8 @@ void X11Window::draw(const SurfaceRequest& request) {
             const int rows = std::min(mostRows, area_.height - row);
             xcb_put_image(x, XCB_IMAGE_FORMAT_Z_PIXMAP, picture, graphics_, static_cast<std::uint16_t>(area_.width),
                           static_cast<std::uint16_t>(rows), 0, static_cast<std::int16_t>(row), 0, depth_,
-                          static_cast<std::uint32_t>(rows * strideBytes), pixels.bytes + row * strideBytes);
+                          static_cast<std::uint32_t>(rows * strideBytes),
+                          pixels.bytes + static_cast<std::ptrdiff_t>(row) * strideBytes);
         }
         xcb_change_window_attributes(x, id_, XCB_CW_BACK_PIXMAP, &picture);
         xcb_clear_area(x, 0, id_, 0, 0, 0, 0);
