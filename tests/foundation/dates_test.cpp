@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <regex>
 
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/platform.h"
@@ -20,7 +21,7 @@ Date utc(int y, unsigned m, unsigned d, seconds time = {}) {
 TEST(Iso8601, ReadsInternetDateTimesStrictly) {
     const struct {
         const char* text;
-        std::optional<Date> instant;
+        Date instant;
     } cases[] = {
         {"2001-01-01T00:00:00Z", Date{0}},
         {"2025-12-31T18:30:00Z", utc(2025, 12, 31, 18h + 30min)},
@@ -29,24 +30,14 @@ TEST(Iso8601, ReadsInternetDateTimesStrictly) {
         {"2024-02-29T00:00:00Z", utc(2024, 2, 29)},
         {"2016-12-31T23:59:60Z", utc(2017, 1, 1)},
         {"0000-01-01T00:00:00Z", utc(0, 1, 1)},
-        {"2023-02-29T00:00:00Z", std::nullopt},
-        {"2025-13-01T00:00:00Z", std::nullopt},
-        {"2025-00-01T00:00:00Z", std::nullopt},
-        {"2025-12-31T24:00:00Z", std::nullopt},
-        {"2025-12-31T18:60:00Z", std::nullopt},
-        {"2025-12-31T18:30:00+24:00", std::nullopt},
-        {"2025-12-31T18:30:00+0200", std::nullopt},
-        {"2025-12-31T18:30:00", std::nullopt},
-        {"2025-12-31T18:30Z", std::nullopt},
-        {"2025-12-31t18:30:00z", std::nullopt},
-        {"2025-12-31 18:30:00Z", std::nullopt},
-        {" 2025-12-31T18:30:00Z", std::nullopt},
-        {"2025-12-31T18:30:00Z ", std::nullopt},
-        {"2025-12-31T18:30:00.250Z", std::nullopt},
-        {"+025-12-31T18:30:00Z", std::nullopt},
-        {"", std::nullopt},
     };
     for (const auto& c : cases) EXPECT_EQ(iso8601::dateTime(c.text), c.instant) << c.text;
+    for (const char* text :
+         {"2023-02-29T00:00:00Z", "2025-13-01T00:00:00Z", "2025-00-01T00:00:00Z", "2025-12-31T24:00:00Z",
+          "2025-12-31T18:60:00Z", "2025-12-31T18:30:00+24:00", "2025-12-31T18:30:00+0200", "2025-12-31T18:30:00",
+          "2025-12-31T18:30Z", "2025-12-31t18:30:00z", "2025-12-31 18:30:00Z", " 2025-12-31T18:30:00Z",
+          "2025-12-31T18:30:00Z ", "2025-12-31T18:30:00.250Z", "+025-12-31T18:30:00Z", ""})
+        EXPECT_EQ(iso8601::dateTime(text), std::nullopt) << text;
     EXPECT_EQ(iso8601::dateTime("2001-01-01T00:00:00.25Z", iso8601::Fraction::allowed), Date{0.25});
     EXPECT_EQ(iso8601::dateTime("2001-01-01T00:00:00.Z", iso8601::Fraction::allowed), std::nullopt);
     EXPECT_EQ(iso8601::format(utc(1999, 2, 3, 4h + 5min + 6s)), "1999-02-03T04:05:06Z");
@@ -98,15 +89,11 @@ TEST(SystemPlatform, FollowsTheProcesssZone) {
 }
 
 TEST(SystemPlatform, MakesCanonicalRandomIdentities) {
-    const std::string a = Platform::system().identities.uuid();
-    EXPECT_NE(a, Platform::system().identities.uuid());
-    ASSERT_EQ(a.size(), 36u);
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const bool hyphen = i == 8 || i == 13 || i == 18 || i == 23;
-        EXPECT_EQ(a[i] == '-', hyphen) << a;
-        EXPECT_NE(std::string("0123456789ABCDEF-").find(a[i]), std::string::npos) << a;
-    }
-    EXPECT_EQ(a[14], '4');
+    const std::string identity = Platform::system().identities.uuid();
+    EXPECT_TRUE(
+        std::regex_match(identity, std::regex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}")))
+        << identity;
+    EXPECT_NE(identity, Platform::system().identities.uuid());
 }
 
 }  // namespace

@@ -1,27 +1,19 @@
 // A replacement in which each system call fails in turn. The linker puts the __wrap_ functions before the C library's
 // (--wrap), so the code under test is the product's own, unchanged.
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdarg>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <string>
 #include <utility>
 
-#include "platform/foundation/posix_files.h"
+#include "tests/foundation/files_fixture.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Fault {
     std::string call;  // which call fails
@@ -79,34 +71,11 @@ namespace {
 const std::string oldContent = "old";
 const std::string newContent(100'000, 'n');
 
-class Faults : public testing::Test {
+class Faults : public InFolder {
 protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "orvel-faults-XXXXXX").string();
-        ASSERT_TRUE(::mkdtemp(name.data()));
-        folder = name;
-        target = folder / "file";
-    }
-    void TearDown() override {
-        fault = {};
-        longestWrite = SIZE_MAX;
-        fs::remove_all(folder);
-    }
-
-    std::string content() const {
-        std::ifstream file(target, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    std::ptrdiff_t filesInFolder() const {
-        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-    }
     static std::ptrdiff_t openDescriptors() {
         return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
     }
-
-    fs::path folder;
-    fs::path target;
-    PosixFiles files;
 };
 
 TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
@@ -135,6 +104,7 @@ TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
         {"fsync", 2, EIO, false, newContent},
         {"fsync", 2, EINVAL, true, newContent},  // a file system that can't sync folders
     };
+    const fs::path target = folder / "file";
     longestWrite = 30'000;
     for (const auto& c : cases) {
         std::ofstream(target, std::ios::trunc) << oldContent;
@@ -149,10 +119,11 @@ TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
         if (!replaced) {
             EXPECT_EQ(replaced.failure().code.value(), c.code) << which;
         }
-        EXPECT_EQ(content(), c.content) << which;
-        EXPECT_EQ(filesInFolder(), 1) << which << " leaves a file";
+        EXPECT_EQ(content(target), c.content) << which;
+        EXPECT_EQ(names().size(), 1U) << which << " leaves a file";
         EXPECT_EQ(openDescriptors(), descriptors) << which << " leaks";
     }
+    longestWrite = SIZE_MAX;
 }
 
 TEST_F(Faults, SweepsOnlyOldTemporariesOfTheSameFile) {
@@ -164,9 +135,8 @@ TEST_F(Faults, SweepsOnlyOldTemporariesOfTheSameFile) {
     make("file.tmp-2-0", 23);
     make("other.tmp-1-0", 25);
     make("file.old", 25);
-    ASSERT_TRUE(files.replace(target, "x"));
-    EXPECT_FALSE(fs::exists(folder / "file.tmp-1-0"));
-    EXPECT_EQ(filesInFolder(), 4);
+    ASSERT_TRUE(files.replace(folder / "file", "x"));
+    EXPECT_EQ(names(), (std::set<std::string>{"file", "file.tmp-2-0", "other.tmp-1-0", "file.old"}));
 }
 
 }  // namespace

@@ -1,43 +1,16 @@
-#include "platform/foundation/posix_files.h"
-
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <set>
+#include "tests/foundation/files_fixture.h"
 
 namespace orvel {
 namespace {
 
-namespace fs = std::filesystem;
-
-class PosixFilesTest : public testing::Test {
+class PosixFilesTest : public InFolder {
 protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "orvel-files-XXXXXX").string();
-        ASSERT_TRUE(::mkdtemp(name.data()));
-        folder = name;
-    }
-    void TearDown() override { fs::remove_all(folder); }
-
-    std::string content(const fs::path& path) const {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
     static mode_t mode(const fs::path& path) {
         struct stat status;
         return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
     }
-    std::set<std::string> names() const {
-        std::set<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().string());
-        return names;
-    }
-
-    fs::path folder;
-    PosixFiles files;
 };
 
 TEST_F(PosixFilesTest, ReadsWholeRegularFilesOnly) {
@@ -85,14 +58,7 @@ TEST_F(PosixFilesTest, ChangesNothingWhenItFails) {
     EXPECT_EQ(names(), before);
     EXPECT_TRUE(fs::is_fifo(folder / "fifo"));
     EXPECT_FALSE(files.remove(folder / "missing"));
-}
-
-TEST_F(PosixFilesTest, CreatesFoldersWithTheirParents) {
-    EXPECT_TRUE(files.createFolders(folder / "a/b/c/"));
-    EXPECT_TRUE(fs::is_directory(folder / "a/b/c"));
-    EXPECT_TRUE(files.createFolders(folder / "a/b/c/"));
-    ASSERT_TRUE(files.replace(folder / "file", "x"));
-    EXPECT_FALSE(files.createFolders(folder / "file/b"));
+    EXPECT_FALSE(files.createFolders(folder / "fifo" / "below"));
 }
 
 }  // namespace

@@ -16,22 +16,21 @@ constexpr const char* design =
 
 TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
     machine.storedList() = std::string("[") + design + "]";
+    auto& files = machine.files.contents;
     EXPECT_EQ(run({"render"}).code, done);
-    EXPECT_TRUE(machine.files.contents["widget.png"].starts_with("\x89PNG"));
+    EXPECT_TRUE(files["widget.png"].starts_with("\x89PNG"));
     EXPECT_EQ(run({"render", "--design", "-", "-o", "other.PNG"}, design).code, done);
-    EXPECT_EQ(machine.files.contents["other.PNG"], machine.files.contents["widget.png"]);
-    EXPECT_EQ(run({"render", "-o", "-"}).out, machine.files.contents["widget.png"]);
+    EXPECT_EQ(files["other.PNG"], files["widget.png"]);
+    EXPECT_EQ(run({"render", "-o", "-"}).out, files["widget.png"]);
 
     EXPECT_EQ(run({"render", "-o", "a.svg", "--family", "medium"}).code, done);
-    EXPECT_NE(machine.files.contents["a.svg"].find("width=\"364pt\""), std::string::npos);
+    EXPECT_NE(files["a.svg"].find("width=\"364pt\""), std::string::npos);
     EXPECT_EQ(run({"render", "-o", "a.pdf", "--at", "2001-01-01T00:00:00Z"}).code, done);
-    EXPECT_TRUE(machine.files.contents["a.pdf"].starts_with("%PDF"));
-
-    machine.files.contents.clear();
-    EXPECT_EQ(run({"render", "--design", "-"}, "[]").code, done) << "the empty state";
-    const std::string empty = machine.files.contents["widget.png"];
-    EXPECT_EQ(run({"render"}).code, done);
-    EXPECT_EQ(machine.files.contents["widget.png"], empty);
+    EXPECT_TRUE(files["a.pdf"].starts_with("%PDF"));
+    EXPECT_EQ(run({"gallery", "--scale", "1", "-o", "one.png"}).code, done);
+    EXPECT_EQ(run({"gallery", "--scale", "1", "-o", "two.png"}).code, done);
+    EXPECT_FALSE(files["one.png"].empty());
+    EXPECT_EQ(files["one.png"], files["two.png"]) << "the same every day";
 }
 
 TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
@@ -81,22 +80,14 @@ TEST_F(Command, InspectListsTreeAndMarks) {
     const Answer result = run({"inspect", "--design", "-", "--family", "medium"}, design);
     ASSERT_EQ(result.code, done) << result.err;
     EXPECT_FALSE(json::read(result.out, [](json::Value&) { return true; }));
-    EXPECT_TRUE(result.out.starts_with(
-        R"({"family":"medium","size":[364,170],"background":"#161619FF","tree":{"view":"containerBackground",)"))
-        << result.out;
     // Symbol 16, headline 42, caption 12 high, in a column from 16 to 154.
-    const auto marks = result.out.substr(result.out.find("\"marks\""));
-    EXPECT_NE(marks.find(R"([{"mark":"symbol","frame":[16,16,16,16],"name":"flag.fill","color":"#FF0000FF"})"),
-              std::string::npos)
-        << marks;
-    EXPECT_NE(marks.find(R"({"mark":"text","frame":[16,100,)"), std::string::npos) << marks;
-    EXPECT_NE(marks.find(R"(,42],"text":"42","font":{"size":34,"weight":800},"color":"#FFFFFFD9","baseline":133.)"),
-              std::string::npos)
-        << marks;
-    EXPECT_NE(marks.find(R"(,12],"text":"FIRST","font":{"size":9.5,"weight":700},"color":"#FFFFFF8C","baseline":)"),
-              std::string::npos)
-        << marks;
-    EXPECT_TRUE(marks.ends_with("\"lines\":1}]}\n")) << marks;
+    for (const char* part :
+         {R"({"family":"medium","size":[364,170],"background":"#161619FF","tree":{"view":"containerBackground",)",
+          R"("marks":[{"mark":"symbol","frame":[16,16,16,16],"name":"flag.fill","color":"#FF0000FF"},)",
+          R"({"mark":"text","frame":[16,100,)",
+          R"(,42],"text":"42","font":{"size":34,"weight":800},"color":"#FFFFFFD9","baseline":133.)",
+          R"(,12],"text":"FIRST","font":{"size":9.5,"weight":700},"color":"#FFFFFF8C","baseline":)"})
+        EXPECT_NE(result.out.find(part), std::string::npos) << part << "\n" << result.out;
 }
 
 TEST_F(Command, TimelineShowsTheThreeAnswers) {
@@ -108,13 +99,6 @@ TEST_F(Command, TimelineShowsTheThreeAnswers) {
     EXPECT_EQ(run({"timeline", "--at", "2001-01-01T00:00:00.25Z"}).out,
               "{\"placeholder\":" + entry + ",\"snapshot\":" + entry + ",\"timeline\":{\"entries\":[" + entry +
                   "],\"reload\":3600.25}}\n");
-}
-
-TEST_F(Command, GalleryIsTheSameEveryDay) {
-    EXPECT_EQ(run({"gallery", "--scale", "1"}).code, done);
-    EXPECT_EQ(run({"gallery", "--scale", "1", "-o", "again.png"}).code, done);
-    EXPECT_FALSE(machine.files.contents["gallery.png"].empty());
-    EXPECT_EQ(machine.files.contents["gallery.png"], machine.files.contents["again.png"]);
 }
 
 TEST_F(Command, HelpIsNoFailure) {

@@ -4,7 +4,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include "tools/command_outline.h"
 #include "tools/documentation.h"
 
 namespace orvel::tools {
@@ -22,35 +21,6 @@ protected:
     std::vector<std::string> texts;
     CLI::App app{"Cards.", "orvel"};
 };
-
-TEST_F(Documentation, OutlineTellsWhatEachValueIs) {
-    using Values = ArgumentOutline::Values;
-    CLI::App& command = *app.add_subcommand("paint", "Paints");
-    command.add_option("design", text, "One")->required()->type_name("ID");
-    command.add_option("more", texts, "Others")->type_name("TEXT");
-    CLI::Option* const size = command.add_option("--size", text, "Size")->type_name("small|extra-large");
-    size->check(CLI::IsMember({"small", "extra-large"}));
-    command.add_option("-o,--output", text, "Where to")->type_name("FILE|-")->excludes(size);
-    command.add_option("--secret", text, "Not in the help")->group("");
-    app.add_subcommand("hidden", "Not in the help")->group("");
-
-    const CommandOutline whole = outline(app);
-    ASSERT_EQ(whole.subcommands.size(), 1U);
-    const CommandOutline& paint = whole.subcommands.front();
-    EXPECT_EQ(joined(paint.path, " "), "orvel paint");
-    ASSERT_EQ(paint.positionals.size(), 2U);
-    EXPECT_EQ(paint.positionals[0].values, Values::ids);
-    EXPECT_TRUE(paint.positionals[0].required && !paint.positionals[0].repeats);
-    EXPECT_EQ(paint.positionals[1].values, Values::freeText);
-    EXPECT_TRUE(paint.positionals[1].repeats && !paint.positionals[1].required);
-    ASSERT_EQ(paint.options.size(), 3U);
-    EXPECT_EQ(paint.options[0].values, Values::none) << "help takes no value";
-    EXPECT_EQ(joined(paint.options[1].words, " "), "small extra-large");
-    EXPECT_EQ(paint.options[1].placeholder, "small|extra-large");
-    EXPECT_EQ(paint.options[2].values, Values::files);
-    EXPECT_EQ(joined(paint.options[2].names, " "), "-o --output");
-    EXPECT_EQ(joined(paint.options[2].excludes, " "), "--size");
-}
 
 TEST_F(Documentation, ManualPageEscapesWhatRoffWouldTake) {
     app.add_option("--at", text, ".hidden 'file' C:\\new ~ \"now\" – ü …");

@@ -1,6 +1,7 @@
 // The commands that keep the designs, and those that say what is kept.
 #include <algorithm>
 
+#include "model/widget_spec_json.h"
 #include "model/widget_store.h"
 #include "tests/tools/command_fixture.h"
 
@@ -9,19 +10,16 @@ namespace {
 
 class StoreCommand : public Command {
 protected:
-    // Designs with these ids, each a note whose title is its id in small letters.
+    // Designs with these ids, all of them notes.
     void store(const std::vector<const char*>& ids) {
         std::vector<WidgetSpec> specs;
-        for (std::string id : ids) {
-            std::string title = id;
-            std::ranges::transform(title, title.begin(), [](char c) { return c < 'A' || c > 'Z' ? c : char(c + 32); });
+        for (const char* id : ids)
             specs.push_back(WidgetSpec({.id = id,
-                                        .title = title,
+                                        .title = "title",
                                         .kind = WidgetSpec::Kind::note,
                                         .symbol = "flag.fill",
                                         .primary = "text",
                                         .createdAt = Date{}}));
-        }
         WidgetStore::save(specs, machine.platform);
         machine.files.calls.clear();
     }
@@ -38,16 +36,9 @@ TEST_F(StoreCommand, AddsFromOptionsAndReplacesTheSameId) {
                               "cart", "--accent", "#0af", "--secondary", "s", "--primary", "p", "--progress", "0.25"});
     EXPECT_EQ(added.out, "ID-1\n");
     EXPECT_EQ(added.err, "");
-    EXPECT_EQ(stored().at(0), WidgetSpec({.id = "ID-1",
-                                          .title = "Food",
-                                          .kind = WidgetSpec::Kind::list,
-                                          .accentHex = "#0af",
-                                          .symbol = "cart",
-                                          .primary = "p",
-                                          .secondary = "s",
-                                          .items = std::vector<std::string>{"a", "b c"},
-                                          .progress = 0.25,
-                                          .createdAt = stored().at(0).createdAt}));
+    EXPECT_TRUE(machine.storedList().starts_with(
+        R"([{"id":"ID-1","title":"Food","kind":"list","accentHex":"#0af","symbol":"cart","primary":"p","secondary":"s","items":["a","b c"],"progress":0.25,"createdAt":)"))
+        << machine.storedList();
     EXPECT_EQ(run({"add", "--kind", "metric", "--title", "T", "--id", "X", "--primary", "1"}).code, done);
     EXPECT_EQ(run({"add", "--kind", "metric", "--title", "U"}).code, done);
     EXPECT_EQ(run({"add", "--kind", "metric", "--title", "T", "--id", "X", "--primary", "2"}).out, "X\n");
@@ -71,36 +62,32 @@ TEST_F(StoreCommand, AddsRecordsAndFillsInWhatIsMissing) {
 }
 
 TEST_F(StoreCommand, TurnsAPersonsTargetsIntoFullTimes) {
-    // The fake machine's zone is two hours east; its clock begins at 2001-01-01T00:16:40Z.
+    // The fake machine's zone is two hours east; its clock begins at 2001-01-01T00:16:40Z, and ticks a few seconds.
     const struct {
         const char* given;
-        std::optional<std::string> stored;
-        bool warns;
-    } cases[] = {
-        {"2026-12-24T18:00:00Z", "2026-12-24T18:00:00Z", false},
-        {"2026-12-24", "2026-12-24", false},
-        {"2026-12-24 18:00", "2026-12-24T18:00:00+02:00", false},
-        {"2026-12-24T18:00", "2026-12-24T18:00", true},
-        {"+3d", "2001-01-04T02:16:40+02:00", false},
-        {"+1.5h", "2001-01-01T03:46:40+02:00", false},
-        {"2026-12-24 25:00", std::nullopt, false},
-        {"+d", std::nullopt, false},
-        {"+3w", std::nullopt, false},
-        {"soon", std::nullopt, false},
-    };
+        std::string_view stored;  // its beginning and its end; empty when it is refused
+        std::string_view ending;
+        bool warns = false;
+    } cases[] = {{"2026-12-24T18:00:00Z", "2026-12-24T18:00:00Z", ""},
+                 {"2026-12-24", "2026-12-24", ""},
+                 {"2026-12-24 18:00", "2026-12-24T18:00:00+02:00", ""},
+                 {"2026-12-24T18:00", "2026-12-24T18:00", "", true},
+                 {"+3d", "2001-01-04T02:16:", "+02:00"},
+                 {"+1.5h", "2001-01-01T03:46:", "+02:00"},
+                 {"2026-12-24 25:00", "", ""},
+                 {"+d", "", ""},
+                 {"+3w", "", ""},
+                 {"soon", "", ""}};
     for (const auto& c : cases) {
         machine.files.contents.clear();
-        const Answer answer =
-            run({"add", "--kind", "countdown", "--title", "T", "--symbol", "flag.fill", "--target", c.given});
-        EXPECT_EQ(answer.code, c.stored ? done : wrongUsage) << c.given;
+        const Answer answer = run({"add", "--kind=countdown", "--title=T", "--symbol=flag.fill", "--target", c.given});
+        EXPECT_EQ(answer.code, c.stored.empty() ? wrongUsage : done) << c.given;
         EXPECT_EQ(answer.err.starts_with("orvel: warning: "), c.warns) << answer.err;
-        if (!c.stored) {
-            EXPECT_TRUE(stored().empty()) << c.given;
-            continue;
-        }
-        // The clock has ticked a few seconds on its way.
-        EXPECT_EQ(stored()[0].targetISO8601->substr(0, 16), c.stored->substr(0, 16)) << c.given;
-        EXPECT_EQ(stored()[0].targetISO8601->size(), c.stored->size()) << c.given;
+        ASSERT_EQ(stored().empty(), c.stored.empty()) << c.given;
+        if (c.stored.empty()) continue;
+        const std::string target = *stored()[0].targetISO8601;
+        EXPECT_TRUE(target.starts_with(c.stored) && target.ends_with(c.ending)) << target;
+        EXPECT_TRUE(!c.ending.empty() || target == c.stored) << target;
     }
 }
 
@@ -111,24 +98,17 @@ TEST_F(StoreCommand, ChangesFieldsInPlace) {
                   .code,
               done);
     EXPECT_EQ(ids(), "A B C ");
-    const WidgetSpec spec = stored()[1];
-    EXPECT_EQ(spec.title, "new = title");
-    EXPECT_EQ(spec.items, (std::vector<std::string>{"x", ""}));
-    EXPECT_EQ(spec.secondary, "");
-    EXPECT_EQ(spec.createdAt, Date{1});
+    EXPECT_EQ(
+        WidgetSpecJSON::encode(stored()[1]),
+        R"({"id":"B","title":"new = title","kind":"list","accentHex":"#fff","symbol":"flag.fill","primary":"text","secondary":"","items":["x",""],"progress":0.5,"createdAt":1})");
     EXPECT_EQ(run({"set", "B", "--unset", "items", "--unset", "secondary"}).code, done);
     EXPECT_FALSE(stored()[1].items || stored()[1].secondary);
 
     const std::string before = machine.storedList();
-    for (const std::vector<const char*>& wrong : {std::vector<const char*>{"set", "B", "title"},
-                                                  {"set", "B", "size=3"},
-                                                  {"set", "B", "kind=Note"},
-                                                  {"set", "B", "progress=half"},
-                                                  {"set", "B", "progress=inf"},
-                                                  {"set", "B", "title=x", "target=soon"},
-                                                  {"set", "B"},
-                                                  {"set", "B", "--unset", "title"}})
-        EXPECT_EQ(run(wrong).code, wrongUsage) << wrong.back();
+    for (const char* change :
+         {"title", "size=3", "kind=Note", "progress=half", "progress=inf", "target=soon", "--unset=title"})
+        EXPECT_EQ(run({"set", "B", "title=x", change}).code, wrongUsage) << change;
+    EXPECT_EQ(run({"set", "B"}).code, wrongUsage);
     EXPECT_EQ(machine.storedList(), before);
 }
 
@@ -136,37 +116,25 @@ TEST_F(StoreCommand, FindsDesignsByIdBeginningAndPosition) {
     const struct {
         std::vector<const char*> stored;
         const char* reference;
-        const char* remaining;  // after its removal; null when that fails
+        const char* remaining;  // after its removal
     } cases[] = {
-        {{"AB", "AC", "B"}, "AB", "AC B "},
-        {{"AB", "AC", "B"}, "b", "AB AC "},
-        {{"AB", "AC", "B"}, "@2", "AB B "},
-        {{"A", "AB"}, "A", "AB "},  // whole before beginning
-        {{"@2", "X", "Y"}, "@2", "X Y "},
-        {{"A", "B", "A"}, "A", "B "},
-        {{"A", "B", "A"}, "@3", "A B "},
-        {{"é"}, "e\u0301", ""},
-        {{"AB", "AC"}, "A", nullptr},
-        {{"AB"}, "", nullptr},
-        {{"AB"}, "@0", nullptr},
-        {{"AB"}, "@2", nullptr},
-        {{"AB"}, "@1x", nullptr},
-        {{"AB"}, "ABC", nullptr},
-        {{}, "A", nullptr},
+        {{"AB", "AC", "B"}, "AB", "AC B "}, {{"AB", "AC", "B"}, "b", "AB AC "},
+        {{"AB", "AC", "B"}, "@2", "AB B "}, {{"A", "AB"}, "A", "AB "},  // whole before beginning
+        {{"@2", "X", "Y"}, "@2", "X Y "},   {{"A", "B", "A"}, "A", "B "},
+        {{"A", "B", "A"}, "@3", "A B "},    {{"é"}, "e\u0301", ""},
     };
     for (const auto& c : cases) {
         store(c.stored);
-        const std::string before = ids();
-        const Answer answer = run({"remove", c.reference});
-        EXPECT_EQ(answer.code, c.remaining ? done : failed) << c.reference;
-        EXPECT_EQ(ids(), c.remaining ? c.remaining : before) << c.reference;
-        EXPECT_EQ(answer.err.empty(), c.remaining != nullptr) << c.reference;
+        EXPECT_EQ(run({"remove", c.reference}).code, done) << c.reference;
+        EXPECT_EQ(ids(), c.remaining) << c.reference;
+    }
+    store({"AB", "AC"});
+    for (const char* reference : {"A", "", "@0", "@3", "@1x", "ABC"}) {
+        EXPECT_EQ(run({"remove", "AB", reference}).code, failed) << reference;
+        EXPECT_EQ(ids(), "AB AC ") << "all or none";
     }
     store({"A", "B", "C", "D"});
-    EXPECT_EQ(run({"remove", "D", "nobody"}).code, failed);
-    EXPECT_EQ(ids(), "A B C D ") << "all or none";
     EXPECT_EQ(run({"remove", "@1", "@3"}).code, done);
-    EXPECT_EQ(ids(), "B D ");
     EXPECT_EQ(run({"front", "@2"}).code, done);
     EXPECT_EQ(ids(), "D B ");
     store({"A", "A"});
@@ -176,12 +144,10 @@ TEST_F(StoreCommand, FindsDesignsByIdBeginningAndPosition) {
 TEST_F(StoreCommand, ChangesUnderALockAndNeverOverAnUnreadableStore) {
     store({"A"});
     run({"front", "A"});
-    const auto& calls = machine.files.calls;
-    const auto at = [&](const char* beginning) {
-        return std::ranges::find_if(calls, [&](const std::string& call) { return call.starts_with(beginning); });
-    };
-    EXPECT_LT(at("lock"), at("read"));
-    EXPECT_NE(at("replace"), calls.end());
+    std::string verbs;
+    for (const std::string& call : machine.files.calls) verbs += call.substr(0, call.find(' ') + 1);
+    EXPECT_LT(verbs.find("lock"), verbs.find("read"));
+    EXPECT_LT(verbs.find("read"), verbs.find("replace"));
 
     for (const char* invalid : {"", "[{}]", "not json"}) {
         machine.files.contents.clear();
@@ -199,14 +165,13 @@ TEST_F(StoreCommand, ChangesUnderALockAndNeverOverAnUnreadableStore) {
         EXPECT_EQ(kept, 2) << "each under a name of its own";
     }
 
-    machine.files.fails = [](const std::string& call) { return call.find("invalid-") != std::string::npos; };
-    machine.storedList() = "not json";
-    EXPECT_EQ(run({"add", "--kind", "note", "--title", "t"}).code, failed);
-    EXPECT_EQ(machine.storedList(), "not json") << "what can't be kept isn't overwritten";
-    machine.files.fails = [](const std::string& call) { return call.starts_with("lock"); };
-    store({"A"});
-    EXPECT_EQ(run({"remove", "A"}).code, failed);
-    EXPECT_EQ(ids(), "A ");
+    const std::pair<const char*, std::string> failures[] = {{"replace", "not json"}, {"lock", "[]"}};
+    for (const auto& [verb, before] : failures) {
+        machine.storedList() = before;
+        machine.files.fails = [verb = verb](const std::string& call) { return call.starts_with(verb); };
+        EXPECT_EQ(run({"add", "--kind", "note", "--title", "t"}).code, failed);
+        EXPECT_EQ(machine.storedList(), before) << verb;
+    }
 }
 
 TEST_F(StoreCommand, ListsAsTableRecordsAndIds) {
@@ -214,8 +179,8 @@ TEST_F(StoreCommand, ListsAsTableRecordsAndIds) {
     store({"A", "B\x1B[2J"});
     EXPECT_EQ(run({"list"}).out,
               "    ID     KIND  TITLE  HEADLINE\n"
-              "@1  A      note  a      text\n"
-              "@2  B [2J  note  b [2j  text\n");
+              "@1  A      note  title  text\n"
+              "@2  B [2J  note  title  text\n");
     EXPECT_EQ(run({"list", "--ids"}).out, "A\nB [2J\n");
     EXPECT_EQ(run({"list", "--json"}).out, machine.storedList() + "\n");
 }
@@ -227,13 +192,9 @@ TEST_F(StoreCommand, KeepsAPendingDesignAndAcceptsIt) {
     EXPECT_EQ(run({"pending", "accept"}).code, failed);
     EXPECT_EQ(run({"pending", "clear"}).code, done);
     EXPECT_EQ(run({"pending", "set", "-"}, R"({"id":"P","kind":"note","title":"t","primary":"p"})").code, done);
-    EXPECT_EQ(run({"pending"}).out, "t\np\n");
-    EXPECT_EQ(ids(), "A ");
-    machine.files.fails = [](const std::string& call) {
-        return call.ends_with("widgets.json") && call.starts_with("replace");
-    };
+    machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };
     EXPECT_EQ(run({"pending", "accept"}).code, failed);
-    EXPECT_EQ(WidgetStore::pending(machine.platform)->id, "P") << "not cleared before it is stored";
+    EXPECT_EQ(run({"pending"}).out, "t\np\n") << "not cleared before it is stored";
     machine.files.fails = nullptr;
     EXPECT_EQ(run({"pending", "accept"}).out, "P\n");
     EXPECT_EQ(ids(), "P A ");
@@ -269,32 +230,35 @@ design @5: progress -0.5 is not from 0 to 1
 }
 
 TEST_F(StoreCommand, ShowsTheCardAsWords) {
-    const auto shown = [&](const char* form, const std::string& fields) {
-        const std::string design = R"([{"id":"A","accentHex":"","symbol":"","createdAt":0,)" + fields + "}]";
-        std::vector<const char*> arguments{"show", "--design", "-", "--at", "2026-01-01T00:00:00Z"};
-        if (*form) arguments.push_back(form);
-        return run(arguments, design).out;
+    const char* const note = R"("kind":"note","title":"T","primary":"a <b> & c","secondary":"s")";
+    const char* const progress = R"("kind":"progress","title":"T","progress":1.7)";
+    const char* const list = R"("kind":"list","title":"T","items":["1","2","3","4","5","6"])";
+    const char* const countdown = R"("kind":"countdown","title":"T","targetISO8601":"2026-01-03")";
+    const struct {
+        const char* form;
+        const char* fields;  // null for no design at all
+        const char* words;
+    } cases[] = {
+        {"", note, "T\na <b> & c\ns"},
+        {"--json", note, R"({"kind":"note","title":"T","headline":"a <b> & c","secondary":"s"})"},
+        {"--waybar", note, R"({"text":"a &lt;b&gt; &amp; c","tooltip":"T\na &lt;b&gt; &amp; c\ns","class":"note"})"},
+        {"", progress, "T\n170%"},
+        {"--waybar", progress, R"({"text":"170%","tooltip":"T\n170%","class":"progress","percentage":100})"},
+        {"", list, "T\n1\n2\n3\n4\n5"},
+        {"--json", list, R"({"kind":"list","title":"T","rows":["1","2","3","4","5"]})"},
+        {"", countdown, "T\n2 days"},
+        {"", nullptr, "Design one in Orvel"},
+        {"--json", nullptr, "null"},
+        {"--waybar", nullptr, R"({"text":"","tooltip":"Design one in Orvel","class":"empty"})"},
     };
-    const std::string note = R"("kind":"note","title":"T","primary":"a <b> & c","secondary":"s")";
-    EXPECT_EQ(shown("", note), "T\na <b> & c\ns\n");
-    EXPECT_EQ(shown("--json", note), R"({"kind":"note","title":"T","headline":"a <b> & c","secondary":"s"})"
-                                     "\n");
-    EXPECT_EQ(shown("--waybar", note),
-              R"({"text":"a &lt;b&gt; &amp; c","tooltip":"T\na &lt;b&gt; &amp; c\ns","class":"note"})"
-              "\n");
-    const std::string progress = R"("kind":"progress","title":"T","progress":1.7)";
-    EXPECT_EQ(shown("", progress), "T\n170%\n");
-    EXPECT_EQ(shown("--waybar", progress), R"({"text":"170%","tooltip":"T\n170%","class":"progress","percentage":100})"
-                                           "\n");
-    const std::string list = R"("kind":"list","title":"T","items":["1","2","3","4","5","6"])";
-    EXPECT_EQ(shown("", list), "T\n1\n2\n3\n4\n5\n");
-    EXPECT_EQ(shown("--json", list), R"({"kind":"list","title":"T","rows":["1","2","3","4","5"]})"
-                                     "\n");
-    EXPECT_EQ(shown("", R"("kind":"countdown","title":"T","targetISO8601":"2026-01-03")"), "T\n2 days\n");
-    EXPECT_EQ(run({"show"}).out, "Design one in Orvel\n");
-    EXPECT_EQ(run({"show", "--json"}).out, "null\n");
-    EXPECT_EQ(run({"show", "--waybar"}).out, R"({"text":"","tooltip":"Design one in Orvel","class":"empty"})"
-                                             "\n");
+    for (const auto& c : cases) {
+        std::string design = "[]";
+        if (c.fields)
+            design.insert(1, std::string(R"({"id":"A","accentHex":"","symbol":"","createdAt":0,)") + c.fields + "}");
+        std::vector<const char*> arguments{"show", "--design", "-", "--at", "2026-01-01T00:00:00Z"};
+        if (*c.form) arguments.push_back(c.form);
+        EXPECT_EQ(run(arguments, design).out, std::string(c.words) + "\n");
+    }
 }
 
 }  // namespace

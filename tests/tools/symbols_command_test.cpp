@@ -26,24 +26,18 @@ TEST_F(Command, OffersTheNearestSymbolWhenNoneContainsTheText) {
 
 TEST_F(Command, DrawsSymbolsWithTheirNames) {
     EXPECT_EQ(run({"symbols", "figure.run", "--picture", "-"}).out.substr(0, 4), "\x89PNG");
-    EXPECT_EQ(run({"symbols", "figure.run", "--picture", "few.svg"}).code, done);
-    EXPECT_EQ(run({"symbols", "circle.fill", "--picture", "many.svg"}).code, done);
-    const auto& files = machine.files.contents;
-    ASSERT_TRUE(files.contains("few.svg") && files.contains("many.svg"));
     // Everything that is drawn is a path, and so is the shape of each letter, which is in a symbol of the format.
-    const auto count = [&](const char* file, std::string_view element) {
-        const std::string& svg = files.at(file);
+    const auto count = [](const std::string& text, std::string_view part) {
         std::ptrdiff_t found = 0;
-        for (auto at = svg.find(element); at != svg.npos; at = svg.find(element, at + 1)) ++found;
+        for (auto at = text.find(part); at != text.npos; at = text.find(part, at + 1)) ++found;
         return found;
     };
-    const auto drawn = [&](const char* file) { return count(file, "<path style") - count(file, "<symbol "); };
-    const auto lines = [&](const char* text) {
-        const std::string out = run({"symbols", text}).out;
-        return std::ranges::count(out, '\n');
-    };
-    EXPECT_EQ(drawn("few.svg"), lines("figure.run") + 1) << "and the background";
-    EXPECT_EQ(drawn("many.svg"), lines("circle.fill") + 1);
+    for (const char* text : {"figure.run", "circle.fill"}) {
+        EXPECT_EQ(run({"symbols", text, "--picture", "sheet.svg"}).code, done);
+        const std::string& svg = machine.files.contents["sheet.svg"];
+        EXPECT_EQ(count(svg, "<path style") - count(svg, "<symbol "), count(run({"symbols", text}).out, "\n") + 1)
+            << "and the background";
+    }
     EXPECT_EQ(run({"symbols", "--picture", "sheet.gif"}).err,
               "orvel: sheet.gif: the ending must be .png, .svg or .pdf\n");
 }
