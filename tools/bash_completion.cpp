@@ -22,6 +22,7 @@ std::string proposal(const ArgumentOutline& argument) {
         case Values::words: return "__orvel_propose " + joined(argument.words, " ");
         case Values::files: return "__orvel_propose_files";
         case Values::ids: return "__orvel_propose_ids";
+        case Values::symbols: return "__orvel_propose_symbols '" + argument.prefix + "'";
         case Values::none:
         case Values::freeText: break;
     }
@@ -111,6 +112,21 @@ __orvel_propose_ids() {
     local -a ids
     mapfile -t ids < <(orvel list --ids 2> /dev/null)
     __orvel_propose "${ids[@]}"
+}
+
+# The symbols' names, behind "symbol=" for one; bash takes "symbol=name" for three words.
+__orvel_propose_symbols() {
+    local prefix=$1
+    local -a symbols
+    if [[ $prefix && $current == = && ${COMP_WORDS[COMP_CWORD - 1]}= == "$prefix" ]]; then
+        current= prefix=
+    elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == = && ${COMP_WORDS[COMP_CWORD - 2]}= == "$prefix" ]]; then
+        prefix=
+    elif [[ $current != "$prefix"* ]]; then
+        return
+    fi
+    mapfile -t symbols < <(orvel symbols 2> /dev/null)
+    __orvel_propose "${symbols[@]/#/$prefix}"
 }
 )";
 

@@ -54,7 +54,10 @@ ArgumentOutline argument(const CLI::Option& option) {
     result.values = !result.words.empty()                                  ? Values::words
                     : result.placeholder.find("FILE") != std::string::npos ? Values::files
                     : result.placeholder == "ID"                           ? Values::ids
+                    : result.placeholder == "SYMBOL"                       ? Values::symbols
+                    : result.placeholder == "FIELD=VALUE"                  ? Values::symbols
                                                                            : Values::freeText;
+    if (result.placeholder == "FIELD=VALUE") result.prefix = "symbol=";
     result.repeats =
         option.get_items_expected_max() > 1 || option.get_multi_option_policy() == CLI::MultiOptionPolicy::TakeAll;
     return result;

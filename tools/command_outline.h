@@ -13,13 +13,14 @@ namespace orvel::tools {
 
 struct ArgumentOutline {
     /// What a shell can propose for the value.
-    enum class Values { none, freeText, words, files, ids };
+    enum class Values { none, freeText, words, files, ids, symbols };
 
     std::vector<std::string> names;     ///< such as "-o" and "--output"; of a positional its one name
     std::string help;                   ///< one sentence
     std::string placeholder;            ///< such as "FILE|-"; empty for a flag
     Values values = Values::none;       ///< none only for a flag
     std::vector<std::string> words;     ///< the choices, when `values` says words
+    std::string prefix;                 ///< stands before the name, when `values` says symbols
     std::vector<std::string> excludes;  ///< names of options that can't stand beside it
     bool required = false;
     bool repeats = false;

@@ -20,6 +20,7 @@ std::string proposal(const ArgumentOutline& argument) {
         case Values::words: return " -f -a " + quoted(joined(argument.words, " "));
         case Values::files: return " -F";
         case Values::ids: return " -f -a '(__orvel_ids)'";
+        case Values::symbols: return " -f -a " + quoted("(__orvel_symbols \"" + argument.prefix + "\")");
         case Values::none:
         case Values::freeText: break;
     }
@@ -81,6 +82,11 @@ constexpr const char* walk = R"(# Completions of orvel for fish, made from the c
 
 function __orvel_ids
     orvel list --ids 2>/dev/null
+end
+
+# Behind a prefix such as "symbol=", once it is typed.
+function __orvel_symbols --argument-names prefix
+    string match --quiet -- "$prefix*" (commandline -ct); and printf "$prefix%s\n" (orvel symbols 2>/dev/null)
 end
 
 # Whether the cursor is at that command (all its words) and, when one is given, at that place among the arguments

@@ -37,7 +37,7 @@ void addAdd(CLI::App& app, Session& session) {
         .add_option("--target", design->target,
                     "A countdown's date: 2026-12-24, 2026-12-24T18:00:00Z, \"2026-12-24 18:00\" (local time), +3d, +5h")
         ->type_name("DATE");
-    command.add_option("--symbol", design->symbol, "The symbol's name; orvel symbols lists them")->type_name("NAME");
+    command.add_option("--symbol", design->symbol, "The symbol's name; orvel symbols lists them")->type_name("SYMBOL");
     command.add_option("--accent", design->accent, "The accent colour, such as #0A84FF")->type_name("COLOUR");
     command.add_option("--id", design->id, "Its id; one that is stored already is replaced")->type_name("TEXT");
     for (CLI::Option* const option : command.get_options({}))

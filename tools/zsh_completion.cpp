@@ -31,6 +31,7 @@ std::string action(const ArgumentOutline& argument) {
         case Values::words: return "(" + joined(argument.words, " ") + ")";
         case Values::files: return "_files";
         case Values::ids: return "__orvel_ids";
+        case Values::symbols: return " __orvel_symbols " + argument.prefix;
         case Values::none:
         case Values::freeText: break;
     }
@@ -96,6 +97,12 @@ std::string zshCompletion(const CLI::App& app) {
         "__orvel_ids() {\n"
         "    local -a ids=(${(f)\"$(_call_program ids orvel list --ids 2> /dev/null)\"})\n"
         "    _wanted ids expl design compadd -a ids\n"
+        "}\n\n"
+        "# Behind a prefix such as \"symbol=\", once it is typed.\n"
+        "__orvel_symbols() {\n"
+        "    [[ -z $1 ]] || compset -P $1 || return\n"
+        "    local -a symbols=(${(f)\"$(_call_program symbols orvel symbols 2> /dev/null)\"})\n"
+        "    _wanted symbols expl symbol compadd -a symbols\n"
         "}\n\n";
     const auto commands = everyCommand(command);
     for (auto each = commands.rbegin(); each != commands.rend(); ++each) script += function(**each);

@@ -26,11 +26,12 @@ readHelp() {
 readHelp orvel
 [[ "${!options[*]}" == *"orvel pending set"* ]] || fail "the help isn't read: ${!options[*]}"
 
-# The ids that the completions ask for; one would run something if it were evaluated.
+# What the completions ask for; one of the ids would run something if it were evaluated.
 mkdir "$work/bin"
 cat > "$work/bin/orvel" <<'SH'
 #!/bin/sh
 [ "$*" = "list --ids" ] && printf '%s\n' 6F1A 7A-two 'x $(touch evil)'
+[ "$*" = symbols ] && printf '%s\n' flag flag.fill heart
 SH
 chmod +x "$work/bin/orvel"
 PATH=$work/bin:$PATH
@@ -85,6 +86,11 @@ expect "ids, of another set" "$(bashProposes orvel set 7)" "7A-two"
 expect "one id only" "$(bashProposes orvel front 6F1A "")" "--help -h"
 expect "several ids" "$(bashProposes orvel remove 6F1A 7)" "7A-two"
 expect "an id after --" "$(bashProposes orvel remove -- "")" "$ids"
+expect "symbols" "$(bashProposes orvel add --symbol fl)" "flag flag.fill"
+expect "symbols for a field" "$(bashProposes orvel set 7A-two symbol =)" "flag flag.fill heart"
+expect "some of them" "$(bashProposes orvel set 7A-two symbol = h)" "heart"
+expect "in one word" "$(bashProposes orvel set 7A-two symbol=h)" "symbol=heart"
+expect "none for other fields" "$(bashProposes orvel set 7A-two title = fl)" ""
 expect "free text" "$(bashProposes orvel render --at "")" ""
 expect "ids of a command that fails" "$(orvel() { return 1; }; bashProposes orvel front "" 2>&1)" ""
 
@@ -103,6 +109,9 @@ if has fish; then
     expect "fish, files" "$(fishProposes "orvel check ca")" "card.json"
     expect "fish, no files" "$(fishProposes "orvel render --at ca")" ""
     expect "fish, ids" "$(fishProposes "orvel set 7")" "7A-two"
+    expect "fish, symbols" "$(fishProposes "orvel add --symbol h")" "heart"
+    expect "fish, symbols for a field" "$(fishProposes "orvel set 7A-two symbol=f")" "symbol=flag symbol=flag.fill"
+    expect "fish, none for others" "$(fishProposes "orvel set 7A-two title=f")" ""
     expect "fish, one id only" "$(fishProposes "orvel front 6F1A ")" ""
     expect "fish, several ids" "$(fishProposes "orvel remove 6F1A 7")" "7A-two"
 fi
@@ -115,7 +124,8 @@ for path in "${!options[@]}"; do
 done
 if has zsh; then
     lines=("orvel gal" "orvel render --fam" "orvel render --family s" "orvel pending set ca" "orvel front 7"
-        "orvel set 7A-two ca" "orvel pending ac" "orvel remove 6F1A 7" "orvel list --json --id")
+        "orvel set 7A-two ca" "orvel pending ac" "orvel remove 6F1A 7" "orvel list --json --id"
+        "orvel add --symbol h" "orvel set 7A-two title=a symbol=h" "orvel set 7A-two title=h")
     expect "zsh" "$(HOME=$work zsh -f "$here/complete_in_zsh.zsh" "$documents" "${lines[@]}")" \
 "orvel gallery
 orvel render --family=
@@ -125,7 +135,10 @@ orvel front 7A-two
 orvel set 7A-two ca
 orvel pending accept
 orvel remove 6F1A 7A-two
-orvel list --json --id"
+orvel list --json --id
+orvel add --symbol heart
+orvel set 7A-two title=a symbol=heart
+orvel set 7A-two title=h"
 fi
 
 [ ! -e evil ] || fail "an id was evaluated"
