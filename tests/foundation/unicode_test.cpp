@@ -6,23 +6,18 @@ namespace orvel::unicode {
 namespace {
 
 TEST(Unicode, UppercasesByTheFullLocaleIndependentMapping) {
-    const struct {
-        const char* text;
-        const char* upper;
-    } cases[] = {
-        {"abc z{`", "ABC Z{`"},
-        {"straße", "STRASSE"},
-        {"ŉ", "ʼN"},
-        {"ﬀ ﬁ", "FF FI"},
-        {"\u0390", "\u0399\u0308\u0301"},
-        {"σς", "ΣΣ"},
-        {"iı", "II"},
-        {"ẞ", "ẞ"},
-        {"ა", "Ა"},
-        {"買い物 🥑 12", "買い物 🥑 12"},
-        {"bad \xFF x", "bad \xFF x"},
-    };
-    for (const auto& c : cases) EXPECT_EQ(uppercased(c.text), c.upper);
+    const std::pair<const char*, const char*> cases[] = {{"abc z{`", "ABC Z{`"},
+                                                         {"straße", "STRASSE"},
+                                                         {"ŉ", "ʼN"},
+                                                         {"ﬀ ﬁ", "FF FI"},
+                                                         {"\u0390", "\u0399\u0308\u0301"},
+                                                         {"σς", "ΣΣ"},
+                                                         {"iı", "II"},
+                                                         {"ẞ", "ẞ"},
+                                                         {"ა", "Ა"},
+                                                         {"買い物 🥑 12", "買い物 🥑 12"},
+                                                         {"bad \xFF x", "bad \xFF x"}};
+    for (const auto& [text, upper] : cases) EXPECT_EQ(uppercased(text), upper);
 }
 
 TEST(Unicode, ComparesByCanonicalEquivalence) {

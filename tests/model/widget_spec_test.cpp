@@ -92,9 +92,9 @@ TEST(WidgetSpecJSON, RefusesWhatJsonCantHold) {
 
 // A valid record with one member replaced, or left out for an empty value.
 std::string record(const std::string& key, const std::string& value) {
-    const std::pair<const char*, const char*> members[] = {{"id", "\"A\""},        {"title", "\"T\""},
-                                                           {"kind", "\"metric\""}, {"accentHex", "\"#fff\""},
-                                                           {"symbol", "\"flag\""}, {"createdAt", "0"}};
+    const std::pair<const char*, const char*> members[] = {{"id", R"("A")"},        {"title", R"("T")"},
+                                                           {"kind", R"("metric")"}, {"accentHex", R"("#fff")"},
+                                                           {"symbol", R"("flag")"}, {"createdAt", "0"}};
     std::string json = value.empty() ? "" : ",\"" + key + "\":" + value;
     for (const auto& [name, standard] : members)
         if (name != key) json += std::string(",\"") + name + "\":" + standard;
@@ -102,46 +102,29 @@ std::string record(const std::string& key, const std::string& value) {
 }
 
 TEST(WidgetSpecJSON, ReadsEachMemberByItsRule) {
-    const struct {
-        const char* key;
-        std::vector<const char*> values;
-        std::optional<Reason> failure;
-    } cases[] = {
-        {"id", {"null"}, Reason::valueNotFound},
-        {"id", {"1"}, Reason::typeMismatch},
-        {"title", {"[\"T\"]"}, Reason::typeMismatch},
-        {"kind", {"\"metric\"", "\"progress\"", "\"list\"", "\"note\"", "\"countdown\""}, std::nullopt},
-        {"kind", {"null"}, Reason::valueNotFound},
-        {"kind", {"0"}, Reason::typeMismatch},
-        {"kind", {"\"Metric\"", "\"metric \"", "\"\"", "\"gauge\""}, Reason::unknownKind},
-        {"createdAt", {"123456789012345678901234567890"}, std::nullopt},
-        {"createdAt", {"null"}, Reason::valueNotFound},
-        {"createdAt", {"\"0\""}, Reason::typeMismatch},
-        {"primary", {"null"}, std::nullopt},
-        {"primary", {"42"}, Reason::typeMismatch},
-        {"secondary", {"true"}, Reason::typeMismatch},
-        {"items", {"[]", "null"}, std::nullopt},
-        {"items", {"[\"a\",null]"}, Reason::valueNotFound},
-        {"items", {"[\"a\",1]", "\"a\""}, Reason::typeMismatch},
-        {"progress", {"1"}, std::nullopt},
-        {"progress", {"\"0.5\"", "true"}, Reason::typeMismatch},
-        {"progress", {"1e400"}, Reason::malformed},
-        {"targetISO8601", {"{}"}, Reason::typeMismatch},
-        {"future", {"{\"x\":[null,1e3]}"}, std::nullopt},
-        {"future", {"{\"x\":[null,1e]}"}, Reason::malformed},
-        {"Title", {"1"}, std::nullopt},
+    using Members = std::vector<std::string>;  // each "key=value"
+    const std::pair<std::optional<Reason>, Members> cases[] = {
+        {std::nullopt,
+         {R"(kind="metric")", R"(kind="progress")", R"(kind="list")", R"(kind="note")", R"(kind="countdown")",
+          "createdAt=123456789012345678901234567890", "primary=null", "items=[]", "items=null", "progress=1",
+          R"(future={"x":[null,1e3]})", "Title=1"}},
+        {Reason::keyNotFound, {"id=", "title=", "kind=", "accentHex=", "symbol=", "createdAt="}},
+        {Reason::valueNotFound, {"id=null", "kind=null", "createdAt=null", R"(items=["a",null])"}},
+        {Reason::typeMismatch,
+         {"id=1", R"(title=["T"])", "kind=0", R"(createdAt="0")", "primary=42", "secondary=true", R"(items=["a",1])",
+          R"(items="a")", R"(progress="0.5")", "progress=true", "targetISO8601={}"}},
+        {Reason::unknownKind, {R"(kind="Metric")", R"(kind="metric ")", R"(kind="")", R"(kind="gauge")"}},
+        {Reason::malformed, {"progress=1e400", R"(future={"x":[null,1e]})"}},
     };
-    const auto check = [](const char* key, const char* value, std::optional<Reason> failure) {
-        const auto spec = WidgetSpecJSON::decode(record(key, value));
-        ASSERT_EQ(static_cast<bool>(spec), !failure) << key << " " << value;
-        if (spec) return;
-        EXPECT_EQ(spec.failure().reason, *failure) << key << " " << value;
-        EXPECT_EQ(spec.failure().key, *failure == Reason::malformed ? "" : key) << value;
-    };
-    for (const auto& c : cases)
-        for (const char* value : c.values) check(c.key, value, c.failure);
-    for (const char* key : {"id", "title", "kind", "accentHex", "symbol", "createdAt"})
-        check(key, "", Reason::keyNotFound);
+    for (const auto& [failure, members] : cases)
+        for (const std::string& member : members) {
+            const std::string key = member.substr(0, member.find('='));
+            const auto spec = WidgetSpecJSON::decode(record(key, member.substr(key.size() + 1)));
+            ASSERT_EQ(static_cast<bool>(spec), !failure) << member;
+            if (spec) continue;
+            EXPECT_EQ(spec.failure().reason, *failure) << member;
+            EXPECT_EQ(spec.failure().key, *failure == Reason::malformed ? "" : key) << member;
+        }
     EXPECT_EQ(WidgetSpecJSON::decode("[" + record("id", "\"A\"") + "]").failure().reason, Reason::typeMismatch);
     EXPECT_EQ(WidgetSpecJSON::decode(record("id", "\"first\",\"id\":\"second\""))->id, "first");
 }
@@ -194,17 +177,16 @@ TEST(WidgetSpecJSON, RandomDesignsSurviveTheRoundTrip) {
         for (auto n = random() % 12; n > 0; --n) result += pieces[random() % std::size(pieces)];
         return result;
     };
-    std::vector<WidgetSpec> specs;
-    for (int i = 0; i < 2000; ++i) {
-        WidgetSpec spec = full();
+    std::vector<WidgetSpec> specs(2000, full());
+    for (WidgetSpec& spec : specs) {
         spec.id = text();
         spec.title = text();
         spec.kind = WidgetSpec::allCases[random() % 5];
-        spec.primary = chance() ? std::optional(text()) : std::nullopt;
-        spec.items = chance() ? std::optional(std::vector<std::string>(random() % 8, text())) : std::nullopt;
-        spec.progress = chance() ? std::optional(number()) : std::nullopt;
         spec.createdAt = {number()};
-        specs.push_back(std::move(spec));
+        if (chance()) spec.primary = text();
+        if (chance()) spec.items->resize(random() % 8, text());
+        if (chance()) spec.progress = number();
+        if (chance()) spec.secondary = std::nullopt;
     }
     const auto json = WidgetSpecJSON::encodeList(specs);
     ASSERT_TRUE(json);

@@ -12,16 +12,14 @@ TEST(PangoTextEngine, UsesTheSystemFontWithoutSteps) {
     const Font heavy = Font::system(34, Font::Weight::heavy);
     EXPECT_NEAR(engine.metrics(heavy).ascent, 0.96875 * 34, 0.01);
     EXPECT_NEAR(engine.metrics(heavy).descent, 0.2412 * 34, 0.02);
-    const double at34 = engine.layOut("1,284 days", heavy, std::nullopt, 1).width;
-    for (double size = 17; size < 34; size += 0.37)
-        EXPECT_NEAR(engine.layOut("1,284 days", Font::system(size, Font::Weight::heavy), std::nullopt, 1).width,
-                    at34 * size / 34, 0.03);
-    const auto width = [&](Font::Weight weight) {
-        return engine.layOut("weight", Font::system(20, weight), std::nullopt, 1).width;
+    const auto width = [&](double size, Font::Weight weight) {
+        return engine.layOut("1,284 days", Font::system(size, weight), std::nullopt, 1).width;
     };
-    EXPECT_LT(width(Font::Weight::regular), width(Font::Weight::medium));
-    EXPECT_LT(width(Font::Weight::medium), width(Font::Weight::bold));
-    EXPECT_LT(width(Font::Weight::bold), width(Font::Weight::heavy));
+    for (double size = 17; size < 34; size += 0.37)
+        EXPECT_NEAR(width(size, Font::Weight::heavy), width(34, Font::Weight::heavy) * size / 34, 0.03);
+    EXPECT_LT(width(20, Font::Weight::regular), width(20, Font::Weight::medium));
+    EXPECT_LT(width(20, Font::Weight::medium), width(20, Font::Weight::bold));
+    EXPECT_LT(width(20, Font::Weight::bold), width(20, Font::Weight::heavy));
 }
 
 TEST(PangoTextEngine, BreaksAndCuts) {
@@ -36,10 +34,7 @@ TEST(PangoTextEngine, BreaksAndCuts) {
         std::string shown;
     } cases[] = {
         {"one line", "plain", std::nullopt, 9, 1, "plain"},
-        {"own breaks",
-         "a\nb\r\nc\u2028d\u2029e\x0B"
-         "f",
-         std::nullopt, 9, 6, "a\nb\nc\nd\ne\nf"},
+        {"own breaks", "a\nb\r\nc\u2028d\u2029e\vf", std::nullopt, 9, 6, "a\nb\nc\nd\ne\nf"},
         {"between words", "several words wrap", 50, 9, 3, "several words wrap"},
         {"inside a long word", "incomprehensibilities", 40, 9, 3, "incomprehensibilities"},
         {"cut on the last line", "several words wrap here and there", 50, 2, 2, "several words w…"},
@@ -58,9 +53,7 @@ TEST(PangoTextEngine, BreaksAndCuts) {
         EXPECT_EQ(block.lines, c.lines) << c.why;
         EXPECT_EQ(block.text, c.shown) << c.why;
         EXPECT_EQ(block.cut, block.text.ends_with("…")) << c.why;
-        if (c.width && *c.width > 20) {
-            EXPECT_LE(block.width, *c.width + 0.01) << c.why;
-        }
+        EXPECT_TRUE(block.width <= c.width.value_or(1000) + 0.01 || block.text == "…") << c.why;
     }
     EXPECT_NEAR(engine.layOut("several ", font, 40, 9).width, engine.layOut("several", font, std::nullopt, 1).width, 4);
 }
@@ -76,17 +69,8 @@ TEST(PangoTextEngine, NeverCutsInsideACluster) {
             EXPECT_EQ((block.text.size() - std::string("…").size()) % cluster.size(), 0u) << cluster << " at " << width;
         }
     }
-}
-
-TEST(PangoTextEngine, ShapesArabicAndFallsBack) {
-    PangoTextEngine engine;
-    const Font font = Font::system(12);
-    const auto width = [&](const char* text) { return engine.layOut(text, font, std::nullopt, 1).width; };
-    EXPECT_LT(width("خبز"), width("خ") + width("ب") + width("ز")) << "letters join";
-    EXPECT_NEAR(width("牛乳"), 24, 2) << "full-width glyphs, not boxes";
-    EXPECT_NEAR(width("🥑"), 15, 2);
-    EXPECT_TRUE(engine.layOut("خبز طازج من الفرن", font, 60, 1).text.starts_with("خبز"))
-        << "the cut is at the logical end";
+    const TextBlock rightToLeft = engine.layOut("خبز طازج من الفرن", Font::system(12), 60, 1);
+    EXPECT_TRUE(rightToLeft.cut && rightToLeft.text.starts_with("خبز")) << "the cut is at the logical end";
 }
 
 TEST(PangoTextEngine, ShapesOnlyWhatCanShow) {
@@ -95,9 +79,8 @@ TEST(PangoTextEngine, ShapesOnlyWhatCanShow) {
     std::string text;
     while (text.size() < 10'000'000) text += "MANY WORDS OF A TITLE ";
     const std::string start = text.substr(0, 600);
-    for (const int lines : {1, 5}) {
+    for (const int lines : {1, 5})
         EXPECT_EQ(engine.layOut(text, font, 138, lines).text, engine.layOut(start, font, 138, lines).text);
-    }
     EXPECT_TRUE(engine.layOut(text, font, std::nullopt, 1).cut);
     EXPECT_EQ(engine.layOut(text, font, 138, 256).lines, 256);
     std::string marks = "a";

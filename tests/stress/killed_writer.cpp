@@ -25,14 +25,11 @@ constexpr std::size_t designs = 100;
 
 // A machine whose account lives in a temporary folder of the real file system.
 struct Machine {
-    explicit Machine(const std::string& home) { accounts.account = Account{home}; }
+    explicit Machine(const std::string& home) { fake.accounts.account = Account{home}; }
 
-    FixedClock clock{Date{0}};
+    test::FakeMachine fake;
     PosixFiles files;
-    test::FakeAccounts accounts;
-    test::TableZone zone{std::chrono::hours{0}};
-    test::CountingIdentities identities;
-    Platform platform{clock, files, accounts, zone, identities};
+    Platform platform{fake.clock, files, fake.accounts, fake.zone, fake.identities};
 };
 
 void write(const Machine& machine, long generation) {

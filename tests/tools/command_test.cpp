@@ -1,9 +1,5 @@
 // The commands that draw and explain.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-
-#include <filesystem>
-#include <fstream>
 
 #include "platform/foundation/json_reader.h"
 #include "tests/tools/command_fixture.h"
@@ -34,18 +30,15 @@ TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
 }
 
 TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
-    const auto folder = std::filesystem::temp_directory_path() / "orvel-command-test";
-    std::filesystem::create_directories(folder);
-    const std::string bad = (folder / "bad.json").string();
-    std::ofstream(bad) << "[" << design << R"(,{"id":"B"}])";
-
+    const std::string second = std::string("[") + design + R"(,{"id":"B"}])";
     const struct {
         std::vector<const char*> arguments;
         int code;
         std::string error;
+        std::string input = {};
     } cases[] = {
-        {{"render", "--design", bad.c_str()}, failed, bad + ": design @2: \"title\" is missing"},
-        {{"inspect", "--design", bad.c_str()}, failed, "design @2"},
+        {{"render", "--design", "-"}, failed, "standard input: design @2: \"title\" is missing", second},
+        {{"inspect", "--design", "-"}, failed, "design @2", second},
         {{"render", "--design", "/no/such/file"}, failed, "/no/such/file: can't open: No such file"},
         {{"render", "--design", "/"}, failed, "/: can't read: Is a directory"},
         {{"render", "--design", "-"}, failed, "standard input: not valid JSON"},
@@ -61,7 +54,7 @@ TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
         {{"timeline", "extra"}, wrongUsage, "extra"},
     };
     for (const auto& c : cases) {
-        const Answer result = run(c.arguments);
+        const Answer result = run(c.arguments, c.input);
         EXPECT_EQ(result.code, c.code) << result.err;
         EXPECT_NE(result.err.find(c.error), std::string::npos) << result.err;
         EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
@@ -73,7 +66,6 @@ TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
     const Answer unwritable = run({"render", "--design", "-"}, design);
     EXPECT_EQ(unwritable.code, failed);
     EXPECT_EQ(unwritable.err, "orvel: widget.png: can't write: No such file or directory\n");
-    std::filesystem::remove_all(folder);
 }
 
 TEST_F(Command, InspectListsTreeAndMarks) {
