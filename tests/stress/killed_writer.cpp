@@ -41,26 +41,24 @@ void write(const Machine& machine, long generation) {
     WidgetStore::save(specs, machine.platform);
 }
 
+[[noreturn]] void fail(const char* what) {
+    std::fprintf(stderr, "FAILED: a read gave %s\n", what);
+    std::_Exit(1);
+}
+
 // The generation of a whole list; anything else ends the process.
 long read(const Machine& machine) {
     const auto specs = WidgetStore::load(machine.platform);
-    const auto torn = [&](const char* how) {
-        std::fprintf(stderr, "FAILED: a read gave %zu designs, %s\n", specs.size(), how);
-        std::_Exit(1);
-    };
-    if (specs.size() != designs) torn("not all");
+    if (specs.size() != designs) fail("not all designs");
     for (const WidgetSpec& spec : specs)
-        if (spec.title != specs.front().title) torn("of several writes");
+        if (spec.title != specs.front().title) fail("designs of several writes");
     return std::stol(specs.front().title);
 }
 
 [[noreturn]] void readForever(const Machine& machine) {
     for (long newest = 0;;) {
         const long generation = read(machine);
-        if (generation < newest) {
-            std::fprintf(stderr, "FAILED: generation %ld was read after %ld\n", generation, newest);
-            std::_Exit(1);
-        }
+        if (generation < newest) fail("an older list than before");
         newest = generation;
     }
 }

@@ -10,6 +10,9 @@ namespace {
 constexpr const char* design =
     R"({"id":"A","title":"first","kind":"metric","accentHex":"#f00","symbol":"flag.fill","primary":"42","createdAt":0})";
 
+constexpr const char* second =
+    R"({"id":"B","title":"","kind":"note","accentHex":"","symbol":"","progress":1.7,"createdAt":0})";
+
 TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
     machine.storedList() = std::string("[") + design + "]";
     auto& files = machine.files.contents;
@@ -30,15 +33,15 @@ TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
 }
 
 TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
-    const std::string second = std::string("[") + design + R"(,{"id":"B"}])";
+    const std::string broken = std::string("[") + design + R"(,{"id":"B"}])";
     const struct {
         std::vector<const char*> arguments;
         int code;
         std::string error;
         std::string input = {};
     } cases[] = {
-        {{"render", "--design", "-"}, failed, "standard input: design @2: \"title\" is missing", second},
-        {{"inspect", "--design", "-"}, failed, "design @2", second},
+        {{"render", "--design", "-"}, failed, "standard input: design @2: \"title\" is missing", broken},
+        {{"inspect", "--design", "-"}, failed, "design @2", broken},
         {{"render", "--design", "/no/such/file"}, failed, "/no/such/file: can't open: No such file"},
         {{"render", "--design", "/"}, failed, "/: can't read: Is a directory"},
         {{"render", "--design", "-"}, failed, "standard input: not valid JSON"},
@@ -86,7 +89,7 @@ TEST_F(Command, TimelineShowsTheThreeAnswers) {
     EXPECT_EQ(run({"timeline"}).out, R"({"placeholder":{"date":1000,"spec":null},"snapshot":{"date":1001,"spec":null},)"
                                      R"("timeline":{"entries":[{"date":1002,"spec":null}],"reload":4603}})"
                                      "\n");
-    machine.storedList() = std::string("[") + design + "]";
+    machine.storedList() = std::string("[") + design + "," + second + "]";
     const std::string entry = std::string(R"({"date":0.25,"spec":)") + design + "}";
     EXPECT_EQ(run({"timeline", "--at", "2001-01-01T00:00:00.25Z"}).out,
               "{\"placeholder\":" + entry + ",\"snapshot\":" + entry + ",\"timeline\":{\"entries\":[" + entry +

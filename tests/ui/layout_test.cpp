@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include "platform/ui/scene.h"
-#include "tests/support/fixed_text_engine.h"
 
 namespace orvel {
 namespace {
@@ -11,8 +13,29 @@ namespace {
 using H = HorizontalAlignment;
 using V = VerticalAlignment;
 
+// Every character of a text is half as wide as the font's size, a line as high as it, and lines break anywhere.
+class FixedTextEngine final : public TextEngine {
+public:
+    FontMetrics metrics(const Font& font) override { return {font.size * 0.75, font.size * 0.25}; }
+
+    TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) override {
+        if (text.empty()) return {};
+        const double advance = font.size / 2;
+        const double perLine =
+            width ? std::max(1.0, std::floor(*width / advance + 1e-9)) : static_cast<double>(text.size());
+        const double length = static_cast<double>(text.size());
+        TextBlock block;
+        block.lines = std::min(mostLines, static_cast<int>(std::ceil(length / perLine)));
+        block.cut = length > block.lines * perLine;
+        block.text = block.cut ? std::string(text.substr(0, static_cast<std::size_t>(block.lines * perLine) - 1)) + "…"
+                               : std::string(text);
+        block.width = std::min(length, perLine) * advance;
+        return block;
+    }
+};
+
 struct Bench {
-    test::FixedTextEngine text;
+    FixedTextEngine text;
     KeysThemselves localizer;
     LayoutContext context{text, localizer};
 
@@ -26,9 +49,10 @@ View box(double width, double height) {
     return Circle().fill(Color{}).frame(FixedFrame{.width = width, .height = height});
 }
 
+const FlexibleFrame filling{.maxWidth = infinity, .maxHeight = infinity, .alignment = Alignment::topLeading};
+
 TEST(Frames, ProposeAndReport) {
     const View text = Text("ten chars ").font(Font::system(10));  // 50 x 10
-    const FlexibleFrame filling{.maxWidth = infinity, .maxHeight = infinity};
     const struct {
         const char* why;
         View view;
@@ -56,9 +80,7 @@ TEST(Frames, ProposeAndReport) {
 TEST(Stacks, PlaceTheirChildren) {
     Bench bench;
     const View column = VStack(H::leading, 0)({box(10, 10), Spacer(0), box(30, 10)});
-    const Scene scene = bench.scene(
-        column.frame(FlexibleFrame{.maxWidth = infinity, .maxHeight = infinity, .alignment = Alignment::topLeading}),
-        {100, 60}, 5);
+    const Scene scene = bench.scene(column.frame(filling), {100, 60}, 5);
     ASSERT_EQ(scene.marks.size(), 2u);
     EXPECT_EQ(scene.marks[0].frame, (Rect{{5, 5}, {10, 10}}));
     EXPECT_EQ(scene.marks[1].frame, (Rect{{15, 45}, {10, 10}})) << "a circle is inscribed and centred";
@@ -85,23 +107,15 @@ TEST(Stacks, PlaceTheirChildren) {
     EXPECT_EQ(large.marks[0].frame, (Rect{{-10, -10}, {50, 50}})) << "what is too large overflows on every side";
 }
 
-// A value card's column, in fonts whose lines are 34, 10 and 11 points high.
-View card(const std::string& caption) {
-    return VStack(H::leading, 0)({
-                                     box(16, 16),
-                                     Spacer(0),
-                                     Text("42").font(Font::system(34)).lineLimit(1).minimumScaleFactor(0.5),
-                                     Text(caption).font(Font::system(10)),
-                                     Text("secondary").font(Font::system(11)).lineLimit(1),
-                                 })
-        .frame(FlexibleFrame{.maxWidth = infinity, .maxHeight = infinity, .alignment = Alignment::topLeading});
-}
-
 TEST(Stacks, AColumnKeepsWholeWhatFitsAtEveryHeight) {
     Bench bench;
-    const std::string caption(27 * 12, 'x');  // at 138 points 27 characters to a line
+    // A value card's column, in fonts whose lines are 34, 10 and 11 points high; at 138 points 27 characters to a line.
+    const View headline = Text("42").font(Font::system(34)).lineLimit(1).minimumScaleFactor(0.5);
+    const View caption = Text(std::string(27 * 12, 'x')).font(Font::system(10));
+    const View secondary = Text("secondary").font(Font::system(11)).lineLimit(1);
+    const View card = VStack(H::leading, 0)({box(16, 16), Spacer(0), headline, caption, secondary}).frame(filling);
     for (const double height : {0.0, 20.0, 61.0, 71.0, 100.0, 138.0, 200.0, 1000.0}) {
-        const Scene scene = bench.scene(card(caption), {138, height});
+        const Scene scene = bench.scene(card, {138, height});
         double bottom = -infinity;
         for (const Mark& mark : scene.marks) {
             EXPECT_GE(mark.frame.origin.y, bottom - 1e-9) << "overlap at height " << height;
@@ -168,7 +182,7 @@ TEST(Scene, TurnsMarksAboutAnyPoint) {
 }
 
 TEST(TextFit, ScalesBeforeItCuts) {
-    test::FixedTextEngine engine;
+    FixedTextEngine engine;
     const TextStyle headline{Font::system(34), 1, 0.5};
     const std::string ten(10, 'x');  // 170 points wide at full size
     const struct {

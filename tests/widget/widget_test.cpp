@@ -14,26 +14,6 @@ constexpr const char* twoDesigns =
     R"([{"id":"A","title":"first","kind":"metric","accentHex":"","symbol":"","progress":1.7,"createdAt":0},)"
     R"({"id":"B","title":"second","kind":"note","accentHex":"","symbol":"","createdAt":0}])";
 
-TEST(Provider, AnswersEveryRequestWithTheFirstDesign) {
-    FakeMachine machine;
-    machine.storedList() = twoDesigns;
-    const WidgetEntry placeholder = Provider().placeholder({}, machine.platform);
-    ASSERT_TRUE(placeholder.spec);
-    EXPECT_EQ(placeholder.spec->id, "A");
-    EXPECT_EQ(placeholder.spec->progress, 1.7);
-    std::vector<std::optional<WidgetSpec>> answers;
-    Provider().getSnapshot(
-        {}, [&](const WidgetEntry& entry) { answers.push_back(entry.spec); }, machine.platform);
-    Provider().getTimeline(
-        {},
-        [&](const Timeline<WidgetEntry>& timeline) {
-            for (const auto& entry : timeline.entries) answers.push_back(entry.spec);
-        },
-        machine.platform);
-    EXPECT_EQ(answers, (std::vector{placeholder.spec, placeholder.spec})) << "once each";
-    for (const std::string& call : machine.files.calls) EXPECT_EQ(call.find("pending"), std::string::npos) << call;
-}
-
 TEST(Provider, ReadsTheClockBeforeTheStoreAndAgainForTheReload) {
     for (const char* stored : {twoDesigns, "[]", "not json"}) {
         FakeMachine machine;
