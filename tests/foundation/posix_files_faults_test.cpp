@@ -79,31 +79,23 @@ protected:
 };
 
 TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
+    // A name that exists is a dead process's temporary. What an fsync that failed has lost, another one doesn't bring
+    // back. The second open and fsync are the folder's, after the rename; some file systems can't sync folders.
     const struct {
         const char* call;
         int nth;
         int code;
         bool succeeds;
         const std::string& content;
-    } cases[] = {
-        {"open", 1, EACCES, false, oldContent},
-        {"open", 1, ENOSPC, false, oldContent},
-        {"open", 1, EINTR, true, newContent},
-        {"open", 1, EEXIST, true, newContent},  // a dead process's temporary has our name
-        {"fchmod", 1, EPERM, false, oldContent},
-        {"write", 1, EIO, false, oldContent},
-        {"write", 2, ENOSPC, false, oldContent},
-        {"write", 2, EINTR, true, newContent},
-        {"fsync", 1, EIO, false, oldContent},
-        {"fsync", 1, EINTR, false, oldContent},  // what an fsync that failed has lost, another one doesn't bring back
-        {"close", 1, EIO, false, oldContent},
-        {"close", 1, EINTR, true, newContent},
-        {"rename", 1, EIO, false, oldContent},
-        {"open", 2, EMFILE, false, newContent},  // the folder, after the rename
-        {"open", 2, EACCES, true, newContent},
-        {"fsync", 2, EIO, false, newContent},
-        {"fsync", 2, EINVAL, true, newContent},  // a file system that can't sync folders
-    };
+    } cases[] = {{"open", 1, EACCES, false, oldContent},  {"open", 1, ENOSPC, false, oldContent},
+                 {"open", 1, EINTR, true, newContent},    {"open", 1, EEXIST, true, newContent},
+                 {"fchmod", 1, EPERM, false, oldContent}, {"write", 1, EIO, false, oldContent},
+                 {"write", 2, ENOSPC, false, oldContent}, {"write", 2, EINTR, true, newContent},
+                 {"fsync", 1, EIO, false, oldContent},    {"fsync", 1, EINTR, false, oldContent},
+                 {"close", 1, EIO, false, oldContent},    {"close", 1, EINTR, true, newContent},
+                 {"rename", 1, EIO, false, oldContent},   {"open", 2, EMFILE, false, newContent},
+                 {"open", 2, EACCES, true, newContent},   {"fsync", 2, EIO, false, newContent},
+                 {"fsync", 2, EINVAL, true, newContent}};
     const fs::path target = folder / "file";
     longestWrite = 30'000;
     for (const auto& c : cases) {
