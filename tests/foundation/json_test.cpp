@@ -89,8 +89,6 @@ TEST(JsonWriter, EscapesAndRefuses) {
     EXPECT_EQ(writer.finish(), R"({"k\"":"a\/\\\n\u0001\u001f\u0000é","n":[1,-0.1,1e+22,-7,true,null]})");
 
     EXPECT_EQ(writer.number(INFINITY).finish(), std::nullopt);
-    EXPECT_EQ(writer.number(NAN).finish(), std::nullopt);
-    EXPECT_EQ(writer.string("\xFF").finish(), std::nullopt);
     EXPECT_EQ(writer.number(2).finish(), "2") << "a failure doesn't stay";
 }
 

@@ -21,21 +21,14 @@ std::string ids(const std::vector<WidgetSpec>& specs) {
     return ids;
 }
 
-TEST(WidgetStore, LiesInTheAccountsHome) {
-    const struct {
-        std::optional<Account> account;
-        const char* folder;
-    } cases[] = {
-        {Account{"/home/ada"}, "/home/ada/Library/Application Support/Orvel/"},
-        {std::nullopt, "/process/home/Library/Application Support/Orvel/"},
-        {Account{std::nullopt}, "/process/home/Library/Application Support/Orvel/"},
-        {Account{""}, "/process/home/Library/Application Support/Orvel/"},
-    };
-    for (const auto& c : cases) {
-        FakeMachine machine;
-        machine.accounts.account = c.account;
-        EXPECT_EQ(WidgetStore::dir(machine.platform), c.folder);
-        EXPECT_TRUE(machine.files.folders.contains(c.folder));
+TEST(WidgetStore, LiesInTheProcesssHomeWhenTheAccountHasNone) {
+    const std::string folder = "/process/home/Library/Application Support/Orvel/";
+    FakeMachine machine;
+    for (const auto& account : {std::optional<Account>(), std::optional(Account{}), std::optional(Account{""})}) {
+        machine.accounts.account = account;
+        machine.files.folders.clear();
+        EXPECT_EQ(WidgetStore::dir(machine.platform), folder);
+        EXPECT_TRUE(machine.files.folders.contains(folder));
     }
 }
 

@@ -22,10 +22,17 @@ TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
     EXPECT_EQ(files["other.PNG"], files["widget.png"]);
     EXPECT_EQ(run({"render", "-o", "-"}).out, files["widget.png"]);
 
-    EXPECT_EQ(run({"render", "-o", "a.svg", "--family", "medium"}).code, done);
-    EXPECT_NE(files["a.svg"].find("width=\"364pt\""), std::string::npos);
-    EXPECT_EQ(run({"render", "-o", "a.pdf", "--at", "2001-01-01T00:00:00Z"}).code, done);
-    EXPECT_TRUE(files["a.pdf"].starts_with("%PDF"));
+    const std::pair<const char*, const char*> formats[] = {
+        {"a.png", "\x89PNG"}, {"a.svg", "width=\"364pt\" height=\"170pt\""}, {"a.pdf", "(20010101000000Z)"}};
+    for (const auto& [file, part] : formats) {
+        const auto draw = [&] {
+            EXPECT_EQ(run({"render", "-o", file, "--family", "medium", "--at", "2001-01-01T00:00:00Z"}).code, done);
+            return files[file];
+        };
+        const std::string once = draw();
+        EXPECT_NE(once.find(part), std::string::npos) << file;
+        EXPECT_EQ(draw(), once) << file;
+    }
     EXPECT_EQ(run({"gallery", "--scale", "1", "-o", "one.png"}).code, done);
     EXPECT_EQ(run({"gallery", "--scale", "1", "-o", "two.png"}).code, done);
     EXPECT_FALSE(files["one.png"].empty());
@@ -94,14 +101,6 @@ TEST_F(Command, TimelineShowsTheThreeAnswers) {
     EXPECT_EQ(run({"timeline", "--at", "2001-01-01T00:00:00.25Z"}).out,
               "{\"placeholder\":" + entry + ",\"snapshot\":" + entry + ",\"timeline\":{\"entries\":[" + entry +
                   "],\"reload\":3600.25}}\n");
-}
-
-TEST_F(Command, HelpIsNoFailure) {
-    const Answer help = run({"render", "--help"});
-    EXPECT_EQ(help.code, done);
-    EXPECT_NE(help.out.find("--design"), std::string::npos);
-    EXPECT_TRUE(help.err.empty());
-    EXPECT_TRUE(run({"--version"}).out.starts_with("orvel "));
 }
 
 }  // namespace
