@@ -1,6 +1,7 @@
 #include "platform/window/x11_display.h"
 
 #include <xcb/randr.h>
+#include <xcb/xfixes.h>
 
 #include <charconv>
 #include <cstring>
@@ -112,6 +113,30 @@ std::optional<PixelRect> X11Display::workArea() const {
     if (bytes.size() < sizeof area) return std::nullopt;
     std::memcpy(area, bytes.data(), sizeof area);
     return PixelRect{area[0], area[1], area[2], area[3]};
+}
+
+bool X11Display::hasCompositingManager() {
+    xcb_connection_t* const x = connection();
+    if (!compositingManager_) {
+        compositingManager_ = atom("_NET_WM_CM_S" + std::to_string(screenNumber_));
+        const auto* const extension = xcb_get_extension_data(x, &xcb_xfixes_id);
+        if (extension && extension->present) {
+            selectionEvents_ = extension->first_event;
+            const XcbPtr<xcb_xfixes_query_version_reply_t> version(
+                xcb_xfixes_query_version_reply(x, xcb_xfixes_query_version(x, 5, 0), nullptr));
+            xcb_xfixes_select_selection_input(x, screen().root, compositingManager_,
+                                              XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                                  XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                                  XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+        }
+    }
+    const XcbPtr<xcb_get_selection_owner_reply_t> owner(
+        xcb_get_selection_owner_reply(x, xcb_get_selection_owner(x, compositingManager_), nullptr));
+    return owner && owner->owner != XCB_WINDOW_NONE;
+}
+
+bool X11Display::isCompositingChange(const xcb_generic_event_t& event) const {
+    return selectionEvents_ && (event.response_type & 0x7F) == selectionEvents_ + XCB_XFIXES_SELECTION_NOTIFY;
 }
 
 bool X11Display::isMonitorChange(const xcb_generic_event_t& event) const {

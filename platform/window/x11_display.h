@@ -37,7 +37,6 @@ public:
 
     xcb_connection_t* connection() const { return connection_.get(); }
     const xcb_screen_t& screen() const { return *screen_; }
-    int screenNumber() const { return screenNumber_; }
     xcb_atom_t atom(std::string_view name) const;
 
     /// Those that show something; the whole screen where the server doesn't tell.
@@ -49,8 +48,12 @@ public:
     /// The screen less its panels, when a window manager says so.
     std::optional<PixelRect> workArea() const;
 
-    /// The event that tells of changed monitors.
+    /// Whether a compositing manager blends windows; from the first question on, events tell of changes.
+    bool hasCompositingManager();
+
+    // The events that tell of changed monitors, and of a compositing manager that came or went.
     bool isMonitorChange(const xcb_generic_event_t& event) const;
+    bool isCompositingChange(const xcb_generic_event_t& event) const;
 
 private:
     X11Display() = default;
@@ -60,7 +63,9 @@ private:
     std::unique_ptr<xcb_connection_t, ReleaseWith<xcb_disconnect>> connection_;
     const xcb_screen_t* screen_ = nullptr;
     int screenNumber_ = 0;
-    std::uint8_t monitorEvents_ = 0;  ///< the first event of the monitors' extension; 0 without it
+    std::uint8_t monitorEvents_ = 0;    ///< the first event of the monitors' extension; 0 without it
+    std::uint8_t selectionEvents_ = 0;  ///< likewise of the one that tells of selections
+    xcb_atom_t compositingManager_ = XCB_ATOM_NONE;
     std::function<void(const xcb_generic_event_t&)> event_;
     std::function<void()> lost_;
     std::optional<EventLoop::Watch> watch_;

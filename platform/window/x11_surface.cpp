@@ -13,13 +13,11 @@ public:
         : request_(std::move(request)), display_(std::move(display)) {
         constexpr std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
         xcb_change_window_attributes(display_->connection(), display_->screen().root, XCB_CW_EVENT_MASK, &events);
-        compositingManager_ = display_->atom("_NET_WM_CM_S" + std::to_string(display_->screenNumber()));
-        manager_ = display_->atom("MANAGER");
         resources_ = display_->atom("RESOURCE_MANAGER");
         workArea_ = display_->atom("_NET_WORKAREA");
         deleteWindow_ = display_->atom("WM_DELETE_WINDOW");
         scale_ = display_->scale();
-        findCompositingManager();
+        chooseTransparency();
         arrange();
         if (const auto& name = request_.placement.output; name && !window_)
             request_.notice("there is no output " + *name + " now; the card appears when it is there");
@@ -38,6 +36,7 @@ public:
 private:
     void handle(const xcb_generic_event_t& event) {
         if (display_->isMonitorChange(event)) return arrange();
+        if (display_->isCompositingChange(event)) return chooseTransparency();
         switch (event.response_type & 0x7F) {
             case XCB_CONFIGURE_NOTIFY:
                 if (reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == display_->screen().root)
@@ -45,10 +44,6 @@ private:
                 break;
             case XCB_PROPERTY_NOTIFY:
                 propertyChanged(reinterpret_cast<const xcb_property_notify_event_t&>(event));
-                break;
-            case XCB_DESTROY_NOTIFY:
-                if (reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window == compositor_)
-                    findCompositingManager();
                 break;
             case XCB_CLIENT_MESSAGE: told(reinterpret_cast<const xcb_client_message_event_t&>(event)); break;
         }
@@ -64,22 +59,13 @@ private:
     }
 
     void told(const xcb_client_message_event_t& event) {
-        if (event.type == manager_ && event.data.data32[1] == compositingManager_) findCompositingManager();
         if (event.format == 32 && event.data.data32[0] == deleteWindow_ && window_ && event.window == window_->id())
             request_.ended(std::nullopt);
     }
 
-    // Whether there is one decides about the window's visual, which is for life.
-    void findCompositingManager() {
-        xcb_connection_t* const x = display_->connection();
-        const XcbPtr<xcb_get_selection_owner_reply_t> owner(
-            xcb_get_selection_owner_reply(x, xcb_get_selection_owner(x, compositingManager_), nullptr));
-        compositor_ = owner ? owner->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
-        if (compositor_) {  // to hear of its end
-            constexpr std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-            xcb_change_window_attributes(x, compositor_, XCB_CW_EVENT_MASK, &events);
-        }
-        const auto transparency = compositor_ ? Transparency::blended : Transparency::cut;
+    // It decides about the window's visual, which is for life.
+    void chooseTransparency() {
+        const auto transparency = display_->hasCompositingManager() ? Transparency::blended : Transparency::cut;
         if (transparency == transparency_) return;
         transparency_ = transparency;
         if (window_) replace();
@@ -121,13 +107,10 @@ private:
 
     SurfaceRequest request_;
     std::unique_ptr<X11Display> display_;
-    xcb_atom_t compositingManager_;
-    xcb_atom_t manager_;
     xcb_atom_t resources_;
     xcb_atom_t workArea_;
     xcb_atom_t deleteWindow_;
     double scale_;
-    xcb_window_t compositor_ = XCB_WINDOW_NONE;
     Transparency transparency_ = Transparency::cut;
     std::unique_ptr<X11Window> window_;
 };

@@ -34,7 +34,7 @@ TEST(WidgetSpec, ConstructorFillsInAndNormalises) {
     const WidgetSpec spec({.title = " t ", .kind = Kind::note}, machine.platform);
     EXPECT_EQ(WidgetSpecJSON::encode(spec), R"({"id":"ID-1","title":" t ","kind":"note","accentHex":"#3D2A9A",)"
                                             R"("symbol":"square.grid.2x2","createdAt":1000})");
-    for (const std::size_t count : {0, 5, 6})
+    for (const std::size_t count : {0u, 5u, 6u})
         EXPECT_EQ(WidgetSpec({.title = "", .kind = Kind::list, .items = std::vector<std::string>(count)}).items->size(),
                   std::min<std::size_t>(count, 5));
 

@@ -25,7 +25,7 @@ TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
     const std::pair<const char*, const char*> formats[] = {
         {"a.png", "\x89PNG"}, {"a.svg", "width=\"364pt\" height=\"170pt\""}, {"a.pdf", "(20010101000000Z)"}};
     for (const auto& [file, part] : formats) {
-        const auto draw = [&] {
+        const auto draw = [&, file = file] {
             EXPECT_EQ(run({"render", "-o", file, "--family", "medium", "--at", "2001-01-01T00:00:00Z"}).code, done);
             return files[file];
         };

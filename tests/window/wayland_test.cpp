@@ -54,7 +54,7 @@ protected:
         loop.run();
     }
     static auto has(std::string request, std::size_t times = 1) {
-        return [=](FakeCompositor& compositor) { return compositor.count(request) >= times; };
+        return [=](FakeCompositor& asked) { return asked.count(request) >= times; };
     }
 
     std::function<void(FakeCompositor&)> setUp = [](FakeCompositor& made) { made.addOutput("A", 1); };
