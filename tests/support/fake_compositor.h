@@ -57,13 +57,15 @@ public:
         };
         wl_client_add_destroy_listener(client_, &clientGone_.listener);
         ::setenv("WAYLAND_SOCKET", std::to_string(ends[1]).c_str(), 1);
-        wl_event_loop_add_fd(wl_display_get_event_loop(display_), wake_, WL_EVENT_READABLE, perform, this);
+        wakeSource_ =
+            wl_event_loop_add_fd(wl_display_get_event_loop(display_), wake_, WL_EVENT_READABLE, perform, this);
     }
     ~FakeCompositor() {
         if (thread_.joinable()) {
             on([this] { wl_display_terminate(display_); });
             thread_.join();
         }
+        wl_event_source_remove(wakeSource_);
         wl_display_destroy_clients(display_);
         wl_display_destroy(display_);
         ::close(wake_);
@@ -217,6 +219,7 @@ private:
 
     wl_display* display_;
     int wake_;
+    wl_event_source* wakeSource_;
     wl_client* client_;
     Gone clientGone_;
     std::vector<std::unique_ptr<Output>> outputs_;
