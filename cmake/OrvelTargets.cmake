@@ -15,8 +15,8 @@ function(orvel_compile_options target)
   endif()
   if(ORVEL_SANITIZE)
     target_compile_options(${target} PRIVATE
-      $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
-    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+      $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=${ORVEL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer>)
+    target_link_options(${target} PUBLIC -fsanitize=${ORVEL_SANITIZE})
   endif()
 endfunction()
 

@@ -13,6 +13,7 @@ namespace orvel {
 using CairoPtr = std::unique_ptr<cairo_t, ReleaseWith<cairo_destroy>>;
 using CairoSurfacePtr = std::unique_ptr<cairo_surface_t, ReleaseWith<cairo_surface_destroy>>;
 using CairoFontOptionsPtr = std::unique_ptr<cairo_font_options_t, ReleaseWith<cairo_font_options_destroy>>;
+using PangoAttrListPtr = std::unique_ptr<PangoAttrList, ReleaseWith<pango_attr_list_unref>>;
 using PangoFontDescriptionPtr = std::unique_ptr<PangoFontDescription, ReleaseWith<pango_font_description_free>>;
 
 /// For handles that are GLib objects.

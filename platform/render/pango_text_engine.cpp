@@ -79,15 +79,41 @@ struct Paragraph {
     bool cut = false;
 };
 
-// What the ellipsis in the last line stands for begins here.
-std::optional<std::size_t> ellipsisOffset(PangoLayout* layout) {
-    if (!pango_layout_is_ellipsized(layout)) return std::nullopt;
-    PangoLayoutLine* const last = pango_layout_get_line_readonly(layout, pango_layout_get_line_count(layout) - 1);
-    for (GSList* run = last->runs; run; run = run->next) {
-        const PangoItem* const item = static_cast<PangoLayoutRun*>(run->data)->item;
-        if (item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) return static_cast<std::size_t>(item->offset);
+// What stands for the cut end of the last line, or null.
+PangoLayoutRun* ellipsisRun(PangoLayout* layout) {
+    if (!pango_layout_is_ellipsized(layout)) return nullptr;
+    PangoLayoutLine* const last = pango_layout_get_line(layout, pango_layout_get_line_count(layout) - 1);
+    for (GSList* entry = last->runs; entry; entry = entry->next) {
+        auto* const run = static_cast<PangoLayoutRun*>(entry->data);
+        if (run->item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) return run;
     }
-    return std::nullopt;
+    return nullptr;
+}
+
+// Pango widens the ellipsis until its line is as wide as the bound. The line shall end where its ink does.
+void takePaddingOff(PangoLayoutRun& run) {
+    for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
+        PangoGlyphInfo& glyph = run.glyphs->glyphs[i];
+        PangoRectangle logical;
+        pango_font_get_glyph_extents(run.item->analysis.font, glyph.glyph, nullptr, &logical);
+        glyph.geometry.width = logical.width;
+        glyph.geometry.x_offset = 0;
+    }
+}
+
+// The advance of the blanks that end a line. Pango itself leaves out only the last one.
+double blanksWidth(const PangoLayoutLine& line) {
+    const char* const text = pango_layout_get_text(line.layout);
+    int end = line.start_index + line.length;
+    while (end > line.start_index && (text[end - 1] == ' ' || text[end - 1] == '\t')) --end;
+    double width = 0;
+    for (GSList* entry = line.runs; entry; entry = entry->next) {
+        const auto& run = *static_cast<PangoLayoutRun*>(entry->data);
+        for (int i = 0; i < run.glyphs->num_glyphs; ++i)
+            if (run.item->offset + run.glyphs->log_clusters[i] >= end)
+                width += points(run.glyphs->glyphs[i].geometry.width);
+    }
+    return width;
 }
 
 }  // namespace
@@ -106,12 +132,15 @@ struct PangoTextEngine::State {
         pango_cairo_context_set_font_options(context.get(), options.get());
         pango_context_set_round_glyph_positions(context.get(), FALSE);
         pango_context_set_language(context.get(), pango_language_from_string("en"));
+        // A line that breaks inside a word is the word's own characters.
+        pango_attr_list_insert(withoutHyphens.get(), pango_attr_insert_hyphens_new(FALSE));
     }
 
     Paragraph shape(std::string text, const Font& font, std::optional<double> width, int lines) const {
         Paragraph paragraph{ObjectPtr<PangoLayout>(pango_layout_new(context.get())), std::move(text), false};
         PangoLayout* const layout = paragraph.layout.get();
         pango_layout_set_font_description(layout, description(font).get());
+        pango_layout_set_attributes(layout, withoutHyphens.get());
         pango_layout_set_text(layout, paragraph.text.data(), static_cast<int>(paragraph.text.size()));
         if (width && std::isfinite(*width)) {
             constexpr double widest = 1e6;  // fits Pango's integers
@@ -121,8 +150,9 @@ struct PangoTextEngine::State {
             pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
             pango_layout_set_height(layout, -lines);
         }
-        if (const auto offset = ellipsisOffset(layout)) {
-            paragraph.text.resize(*offset);
+        if (PangoLayoutRun* const cutAway = ellipsisRun(layout)) {
+            takePaddingOff(*cutAway);
+            paragraph.text.resize(static_cast<std::size_t>(cutAway->item->offset));
             paragraph.text += ellipsis;
             paragraph.cut = true;
         }
@@ -160,11 +190,13 @@ struct PangoTextEngine::State {
             if (block.lines > 0) block.text += '\n';
 
             Paragraph paragraph = shapeParagraph(line, font, width, mostLines - block.lines, more);
-            for (int i = 0; i < pango_layout_get_line_count(paragraph.layout.get()); ++i) {
+            const int lines = pango_layout_get_line_count(paragraph.layout.get());
+            for (int i = 0; i < lines; ++i) {
                 PangoLayoutLine* const shapedLine = pango_layout_get_line_readonly(paragraph.layout.get(), i);
                 PangoRectangle logical;
                 pango_layout_line_get_extents(shapedLine, nullptr, &logical);
-                block.width = std::max(block.width, points(logical.width));
+                const double blanks = i + 1 < lines ? blanksWidth(*shapedLine) : 0;
+                block.width = std::max(block.width, points(logical.width) - blanks);
                 shaped->lines.push_back(shapedLine);
                 ++block.lines;
             }
@@ -178,6 +210,7 @@ struct PangoTextEngine::State {
 
     ObjectPtr<PangoFontMap> fonts;
     ObjectPtr<PangoContext> context;
+    PangoAttrListPtr withoutHyphens{pango_attr_list_new()};
     std::unordered_map<std::string, TextBlock> remembered;
     std::unordered_map<int, FontMetrics> metricsByWeight;  // at size 1
 };

@@ -55,7 +55,16 @@ TEST(PangoTextEngine, BreaksAndCuts) {
         EXPECT_EQ(block.cut, block.text.ends_with("…")) << c.why;
         EXPECT_TRUE(block.width <= c.width.value_or(1000) + 0.01 || block.text == "…") << c.why;
     }
-    EXPECT_NEAR(engine.layOut("several ", font, 40, 9).width, engine.layOut("several", font, std::nullopt, 1).width, 4);
+}
+
+TEST(PangoTextEngine, IsAsWideAsItsInk) {
+    PangoTextEngine engine;
+    const Font font = Font::system(10);
+    const auto natural = [&](std::string_view text) { return engine.layOut(text, font, std::nullopt, 1).width; };
+    EXPECT_NEAR(engine.layOut("several  \t words", font, 60, 9).width, natural("several"), 0.01) << "trailing blanks";
+    const TextBlock cut = engine.layOut("several words wrap here", font, 70, 1);
+    EXPECT_EQ(cut.text, "several words…");
+    EXPECT_NEAR(cut.width, natural(cut.text), 1) << "the ellipsis isn't stretched to the bound";
 }
 
 TEST(PangoTextEngine, NeverCutsInsideACluster) {
