@@ -1,8 +1,11 @@
 #include "platform/window/x11_display.h"
 
 #include <xcb/randr.h>
+#include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstring>
 
@@ -10,6 +13,37 @@ namespace orvel {
 namespace {
 
 constexpr double standardDpi = 96;
+
+// The names that this folder asks for; another would cost a round trip of its own.
+constexpr std::string_view usualAtoms[] = {
+    "RESOURCE_MANAGER",
+    "UTF8_STRING",
+    "WM_DELETE_WINDOW",
+    "WM_PROTOCOLS",
+    "_MOTIF_WM_HINTS",
+    "_NET_WM_DESKTOP",
+    "_NET_WM_NAME",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_ABOVE",
+    "_NET_WM_STATE_BELOW",
+    "_NET_WM_STATE_SKIP_PAGER",
+    "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_STATE_STICKY",
+    "_NET_WM_WINDOW_TYPE",
+    "_NET_WM_WINDOW_TYPE_UTILITY",
+    "_NET_WORKAREA",
+    "WM_HINTS",
+    "WM_NORMAL_HINTS",
+};
+
+xcb_intern_atom_cookie_t askForAtom(xcb_connection_t* connection, std::string_view name) {
+    return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+}
+
+xcb_atom_t atomOf(xcb_connection_t* connection, xcb_intern_atom_cookie_t cookie) {
+    const XcbPtr<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
 
 std::optional<double> dpi(std::string_view resources) {
     constexpr std::string_view key = "Xft.dpi:";
@@ -35,6 +69,14 @@ std::unique_ptr<X11Display> X11Display::connect() {
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(self->connection()));
     for (int i = 0; i < self->screenNumber_ && screens.rem > 1; ++i) xcb_screen_next(&screens);
     self->screen_ = screens.data;
+
+    for (xcb_extension_t* each : {&xcb_randr_id, &xcb_shape_id, &xcb_xfixes_id})
+        xcb_prefetch_extension_data(self->connection(), each);
+    std::array<xcb_intern_atom_cookie_t, std::size(usualAtoms)> cookies{};
+    std::ranges::transform(usualAtoms, cookies.begin(),
+                           [&](std::string_view name) { return askForAtom(self->connection(), name); });
+    for (std::size_t i = 0; i < cookies.size(); ++i)
+        self->atoms_[usualAtoms[i]] = atomOf(self->connection(), cookies[i]);
 
     // 1.5 is the first version that speaks of monitors.
     const auto* const extension = xcb_get_extension_data(self->connection(), &xcb_randr_id);
@@ -67,9 +109,8 @@ void X11Display::hand() {
 }
 
 xcb_atom_t X11Display::atom(std::string_view name) const {
-    const XcbPtr<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-        connection(), xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.data()), nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+    const auto known = atoms_.find(name);
+    return known != atoms_.end() ? known->second : atomOf(connection(), askForAtom(connection(), name));
 }
 
 std::string X11Display::property(xcb_window_t window, std::string_view name, xcb_atom_t type) const {

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -65,6 +66,7 @@ private:
     int screenNumber_ = 0;
     std::uint8_t monitorEvents_ = 0;    ///< the first event of the monitors' extension; 0 without it
     std::uint8_t selectionEvents_ = 0;  ///< likewise of the one that tells of selections
+    std::map<std::string_view, xcb_atom_t> atoms_;
     xcb_atom_t compositingManager_ = XCB_ATOM_NONE;
     std::function<void(const xcb_generic_event_t&)> event_;
     std::function<void()> lost_;
