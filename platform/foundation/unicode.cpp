@@ -98,6 +98,19 @@ std::size_t clusterBoundary(std::string_view text, std::size_t byte) {
     return firstBoundary(text, [=](std::size_t position, std::size_t) { return position >= byte; });
 }
 
+std::string limitingMarks(std::string_view text, std::size_t most) {
+    std::string limited;
+    limited.reserve(text.size());
+    std::size_t marks = 0;
+    for (int length = 0; !text.empty(); text.remove_prefix(static_cast<std::size_t>(length))) {
+        ucs4_t character = 0;
+        length = u8_mbtouc(&character, bytes(text), text.size());
+        marks = character >= 0x80 && uc_is_general_category(character, UC_MARK) ? marks + 1 : 0;
+        if (marks <= most) limited += text.substr(0, static_cast<std::size_t>(length));
+    }
+    return limited;
+}
+
 std::string_view trimmingWhitespace(std::string_view text) {
     while (!text.empty()) {
         ucs4_t first = 0;

@@ -29,6 +29,9 @@ std::string_view prefix(std::string_view text, std::size_t count);
 /// The position of the first boundary between extended grapheme clusters at or after that byte.
 std::size_t clusterBoundary(std::string_view text, std::size_t byte);
 
+/// With at most that many marks (general category M) in a row.
+std::string limitingMarks(std::string_view text, std::size_t most);
+
 /// Without the code points of general category Zs and the tabs at both ends. Line breaks stay.
 std::string_view trimmingWhitespace(std::string_view text);
 

@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* systemFont = "Inter";
 constexpr std::string_view ellipsis = "…";
+constexpr std::size_t mostMarks = 64;  // on one letter; more would be drawn far outside of any line
 
 double points(int pangoUnits) {
     return static_cast<double>(pangoUnits) / PANGO_SCALE;
@@ -57,16 +58,18 @@ std::string withoutControls(std::string_view text) {
 }
 
 std::string displayable(std::string_view text) {
-    if (unicode::isValid(text)) return withoutControls(text);
+    if (unicode::isValid(text)) return unicode::limitingMarks(withoutControls(text), mostMarks);
     const std::unique_ptr<char, ReleaseWith<g_free>> repaired(
         g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-    return withoutControls(repaired.get());
+    return unicode::limitingMarks(withoutControls(repaired.get()), mostMarks);
 }
 
-// Takes the text up to its first line break, and the break, from the front.
-std::string_view takeParagraph(std::string_view& text) {
+// Takes the text up to its first line break, and the break, from the front; all of it when there is none in that many
+// bytes.
+std::string_view takeParagraph(std::string_view& text, std::size_t mostBytes) {
     std::size_t end = 0;
-    while (end < text.size() && lineBreakLength(text.substr(end)) == 0) ++end;
+    while (end < std::min(text.size(), mostBytes) && lineBreakLength(text.substr(end)) == 0) ++end;
+    if (end == mostBytes) end = text.size();
     const std::string_view paragraph = text.substr(0, end);
     text.remove_prefix(end);
     text.remove_prefix(lineBreakLength(text));
@@ -185,7 +188,8 @@ struct PangoTextEngine::State {
         bool more = true;
         while (more && block.lines < mostLines && !block.cut) {
             const std::string_view before = text;
-            const std::string_view line = takeParagraph(text);
+            const std::size_t enough = 2 * longestLine * static_cast<std::size_t>(mostLines - block.lines);
+            const std::string_view line = takeParagraph(text, enough);
             more = line.size() < before.size();  // a break followed, and with it another paragraph
             if (block.lines > 0) block.text += '\n';
 

@@ -17,7 +17,7 @@ public:
     TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) override;
 
     /// No line holds more bytes of text than this; what is beyond is cut.
-    static constexpr std::size_t longestLine = 16384;
+    static constexpr std::size_t longestLine = 4096;
 
 private:
     struct State;

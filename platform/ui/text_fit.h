@@ -24,7 +24,7 @@ struct FittedText {
 };
 
 /// No text is laid out higher than this many lines.
-inline constexpr int mostTextLines = 256;
+inline constexpr int mostTextLines = 64;
 
 /// A line is as high as the font's ascent and descent, rounded up to a whole point; the rest is shared evenly above and
 /// below. As many whole lines are kept as the offered height holds, but at least one. Scaling multiplies everything,

@@ -95,7 +95,9 @@ TEST(PangoTextEngine, ShapesOnlyWhatCanShow) {
     EXPECT_EQ(engine.layOut(text, font, 138, 256).lines, 256);
     std::string marks = "a";
     for (int i = 0; i < 50'000; ++i) marks += "\u0301";
-    EXPECT_EQ(engine.layOut(marks + "b", font, 138, 5).lines, 1);
+    const TextBlock burdened = engine.layOut(marks + "b", font, 138, 5);
+    EXPECT_EQ(burdened.lines, 1);
+    EXPECT_TRUE(burdened.text.ends_with("\u0301b") && burdened.text.size() < 200) << burdened.text.size();
     EXPECT_EQ(engine.layOut("bad \xFF bytes", font, std::nullopt, 1).text, "bad \uFFFD bytes");
 }
 
