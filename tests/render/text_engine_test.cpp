@@ -97,7 +97,7 @@ TEST(PangoTextEngine, ShapesOnlyWhatCanShow) {
     for (int i = 0; i < 50'000; ++i) marks += "\u0301";
     const TextBlock burdened = engine.layOut(marks + "b", font, 138, 5);
     EXPECT_EQ(burdened.lines, 1);
-    EXPECT_TRUE(burdened.text.ends_with("\u0301b") && burdened.text.size() < 200) << burdened.text.size();
+    EXPECT_TRUE(burdened.text.starts_with("a\u0301") && burdened.text.size() < 200) << burdened.text.size();
     EXPECT_EQ(engine.layOut("bad \xFF bytes", font, std::nullopt, 1).text, "bad \uFFFD bytes");
 }
 
