@@ -59,6 +59,9 @@ TEST(JsonReader, BoundsNesting) {
     EXPECT_TRUE(isValid(nested(512)));
     EXPECT_FALSE(isValid(nested(513)));
     EXPECT_FALSE(isValid(std::string(100000, '[')));
+    std::string objects = "1";
+    for (int i = 0; i < 513; ++i) objects = "{\"a\":" + objects + "}";
+    EXPECT_FALSE(isValid(objects));
 }
 
 TEST(JsonReader, GivesValuesInOrderAndPassesOverWhatIsNotTaken) {
@@ -79,14 +82,18 @@ TEST(JsonReader, GivesValuesInOrderAndPassesOverWhatIsNotTaken) {
             });
         });
     EXPECT_FALSE(failure);
+    EXPECT_FALSE(read("1", [](Value& one) {  // asked for what it isn't, a value answers with nothing
+        const bool isMore = one.elements([](Value&) { return true; }) || one.members([](auto, Value&) { return true; });
+        return !isMore && !one.boolean() && !one.string();
+    }));
     EXPECT_EQ(seen, "a:x\0/;b:;a:3e22;T-0.500000"s);
 }
 
 TEST(JsonWriter, EscapesAndRefuses) {
     Writer writer;
-    writer.beginObject().key("k\"").string("a/\\\n\x01\x1F\0é"s).key("n").beginArray();
-    writer.number(1).number(-0.1).number(1e22).integer(-7).boolean(true).null().endArray().endObject();
-    EXPECT_EQ(writer.finish(), R"({"k\"":"a\/\\\n\u0001\u001f\u0000é","n":[1,-0.1,1e+22,-7,true,null]})");
+    writer.beginObject().key("k\"").string("a/\\\b\f\n\r\t\x01\x1F\0é"s).key("n").beginArray();
+    writer.number(1).number(-0.1).number(1e22).integer(-7).boolean(true).boolean(false).null().endArray().endObject();
+    EXPECT_EQ(writer.finish(), R"({"k\"":"a\/\\\b\f\n\r\t\u0001\u001f\u0000é","n":[1,-0.1,1e+22,-7,true,false,null]})");
 
     EXPECT_EQ(writer.number(INFINITY).finish(), std::nullopt);
     EXPECT_EQ(writer.number(2).finish(), "2") << "a failure doesn't stay";

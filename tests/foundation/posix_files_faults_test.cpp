@@ -1,6 +1,7 @@
 // A replacement in which each system call fails in turn. The linker puts the __wrap_ functions before the C library's
 // (--wrap), so the code under test is the product's own, unchanged.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -39,6 +40,8 @@ int __real_fsync(int);
 int __real_fchmod(int, mode_t);
 int __real_close(int);
 int __real_rename(const char*, const char*);
+ssize_t __real_read(int, void*, size_t);
+int __real_flock(int, int);
 
 int __wrap_open(const char* name, int flags, ...) {
     va_list arguments;
@@ -62,6 +65,12 @@ int __wrap_close(int file) {
 }
 int __wrap_rename(const char* from, const char* to) {
     return fault.strikes("rename") ? -1 : __real_rename(from, to);
+}
+ssize_t __wrap_read(int file, void* bytes, size_t size) {
+    return fault.strikes("read") ? -1 : __real_read(file, bytes, size);
+}
+int __wrap_flock(int file, int operation) {
+    return fault.strikes("flock") ? -1 : __real_flock(file, operation);
 }
 }
 
@@ -116,6 +125,24 @@ TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
         EXPECT_EQ(openDescriptors(), descriptors) << which << " leaks";
     }
     longestWrite = SIZE_MAX;
+}
+
+TEST_F(Faults, OfReadingAndLockingAreTold) {
+    std::ofstream(folder / "file") << oldContent;
+    const auto descriptors = openDescriptors();
+    for (const int code : {EIO, EINTR}) {
+        for (const int nth : {1, 2}) {  // the second finds the end
+            fault = {"read", nth, code};
+            const auto read = files.read(folder / "file");
+            EXPECT_EQ(read ? *read : read.failure().code.message(), code == EINTR ? oldContent : std::strerror(EIO));
+        }
+        for (const char* call : {"open", "flock"}) {
+            fault = {call, 1, code};
+            EXPECT_EQ(static_cast<bool>(files.lock(folder)), code == EINTR) << call << ": " << std::strerror(code);
+        }
+    }
+    fault = {};
+    EXPECT_EQ(openDescriptors(), descriptors);
 }
 
 TEST_F(Faults, SweepsOnlyOldTemporariesOfTheSameFile) {

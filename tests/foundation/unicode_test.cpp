@@ -27,7 +27,9 @@ TEST(Unicode, ComparesByCanonicalEquivalence) {
     EXPECT_FALSE(canonicallyEquivalent("ﬁ", "fi")) << "compatibility isn't equivalence";
     EXPECT_FALSE(canonicallyEquivalent("a", "b"));
     EXPECT_FALSE(canonicallyEquivalent("é", "e"));
-    EXPECT_FALSE(canonicallyEquivalent("\xFF", "\xFE"));
+    for (const auto& [a, b] : {std::pair("\xFF", "\xFE"), std::pair("é", "\xFF")})
+        EXPECT_FALSE(canonicallyEquivalent(a, b));
+    EXPECT_EQ(decomposed("é\xFF"), "é\xFF");
 }
 
 TEST(Unicode, CountsUserPerceivedCharacters) {
@@ -38,6 +40,9 @@ TEST(Unicode, CountsUserPerceivedCharacters) {
     EXPECT_EQ(prefix("👩‍👩‍👧x", 1), "👩‍👩‍👧");
     EXPECT_EQ(prefix("ab", 10), "ab");
     EXPECT_EQ(prefix("", 3), "");
+    EXPECT_EQ(prefix("ab", 0), "");
+    EXPECT_EQ(clusterBoundary("ab", 0), 0u);
+    EXPECT_EQ(clusterBoundary("xe\u0301b", 2), 4u);
 }
 
 TEST(Unicode, TrimsSpacesAndTabsButNoLineBreaks) {
@@ -45,6 +50,7 @@ TEST(Unicode, TrimsSpacesAndTabsButNoLineBreaks) {
     EXPECT_EQ(trimmingWhitespace("\na\n"), "\na\n");
     EXPECT_EQ(trimmingWhitespace("\u200Ba"), "\u200Ba") << "zero-width space left that category";
     EXPECT_EQ(trimmingWhitespace(" \t "), "");
+    EXPECT_EQ(trimmingWhitespace(" \xFF "), "\xFF");
 }
 
 }  // namespace

@@ -18,12 +18,17 @@ unit=$prefix/share/systemd/user/orvel-widget.service
 echo "user:x:$(id -u):$(id -g)::$work/home:/bin/sh" > "$work/passwd"
 echo "user:x:$(id -g):" > "$work/group"
 orvel() {
-    env -u XDG_CONFIG_HOME NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" \
+    env XDG_CONFIG_HOME="${configuration:-}" NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" \
         ASAN_OPTIONS=verify_asan_link_order=0 LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" "$@"
 }
 orvel autostart on
 entry=$work/home/.config/autostart/orvel-widget.desktop
 [ "$(orvel autostart)" = on ] || fail "it isn't on"
+configuration=$work/elsewhere
+[ "$(orvel autostart)" = off ] || fail "it is on where it isn't looked for"
+orvel autostart on
+cmp "$entry" "$configuration/autostart/orvel-widget.desktop" || fail "it isn't on elsewhere"
+configuration=""
 
 # Literally: quoted for the entry's command line and then for its file format; a percent sign twice, in the unit too.
 has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }

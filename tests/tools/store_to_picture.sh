@@ -43,6 +43,14 @@ esperanto "$orvel" inspect | grep -q '"text":"50 centonoj"' || fail "the percent
 wrapped "$orvel" render -o "$home/b.png"
 cmp a.png b.png || fail "the picture depends on the folder"
 cmp -s a.png empty.png && fail "the design isn't drawn"
+
+# The home is the user database's, however long its record is; without a record it is the environment's.
+awk 'BEGIN { printf "user:x:'"$(id -u):$(id -g)"':"; while (i++ < 3000) printf "n"; print ":'"$home"':/bin/sh" }' > long
+ids() { NSS_WRAPPER_PASSWD=$1 wrapped "$orvel" list --ids | tr '\n' ' '; }
+[ "$(HOME=/ ids "$home/long")" = "A B " ] || fail "a long record isn't read"
+echo "other:x:$(($(id -u) + 1)):0::/:/bin/sh" > other
+[ "$(HOME=$home ids "$home/other")" = "A B " ] || fail "without a record, HOME isn't used"
+
 wrapped "$orvel" render -o no/such/folder/a.png 2> error.txt && fail "an unwritable file passes"
 [ "$(wc -l < error.txt)" = 1 ] || fail "not one line: $(cat error.txt)"
 [ -z "$(find . -name '*.tmp-*')" ] || fail "a temporary file is left"

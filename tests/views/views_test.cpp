@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "platform/foundation/iso8601.h"
 #include "platform/ui/dump.h"
 #include "tests/support/fakes.h"
@@ -114,6 +116,7 @@ TEST(SpecView, ProgressLayout) {
         {1e300, "1e+300", "9223372036854775807"},
         {-1e300, "-1e+300", "-9223372036854775808"},
         {infinity, "\"infinity\"", "9223372036854775807"},
+        {NAN, "\"nan\"", "0"},
     };
     for (const auto& c : cases) {
         WidgetSpec spec = everyField(Kind::progress);
