@@ -65,7 +65,8 @@ std::string arms(const std::vector<const CommandOutline*>& commands) {
         for (const auto& option : command->options)
             if (option.values != Values::none)
                 for (const auto& name : option.names) {
-                    const std::string words = path + " " + name;
+                    std::string words = path;
+                    words.append(" ").append(name);
                     options.append(" ").append(quoted(words));
                 }
     }

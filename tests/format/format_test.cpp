@@ -56,6 +56,7 @@ TEST(CountdownMath, ReadsTheTargetInThreeStages) {
          {"2025-12-31\u0301", "31.12.2025", "2025-02-30", "2025-02-30T09:00:00Z", " 2025-12-31", "tomorrow", ""})
         EXPECT_EQ(remainingAt(Date{0}, target), Pair("—", "")) << target;
     EXPECT_EQ(remainingAt(Date{0}, std::nullopt), Pair("—", ""));
+    EXPECT_EQ(remainingAt(Date{NAN}, "2025-12-31"), Pair("Now", ""));
 }
 
 TEST(CountdownMath, ReadsTheClockOnceAndBearsAnyReading) {

@@ -76,6 +76,21 @@ TEST(StartOfDay, FollowsTheZonesChanges) {
     for (const auto& c : cases) EXPECT_EQ(startOfDay(c.day, c.zone), c.expected) << c.why;
 }
 
+TEST(StartOfDay, IsAbsentWhereTheZoneGivesNoOffset) {
+    struct Endless final : TimeZone {
+        std::chrono::sys_seconds from, to;  // what it knows
+        std::optional<std::chrono::seconds> utcOffset(std::chrono::sys_seconds instant) const override {
+            return instant >= from && instant < to ? std::optional(0s) : std::nullopt;
+        }
+    } zone;
+    const auto day = 2026y / 7 / 1;
+    EXPECT_EQ(startOfDay(day, zone), std::nullopt);
+    zone.from = sys_days{day};
+    zone.to = sys_days{day} + 24h * 365;
+    EXPECT_EQ(startOfDay(day, zone), std::nullopt) << "it may have changed the day before";
+    EXPECT_FALSE(Platform::system().timeZone.utcOffset(std::chrono::sys_seconds(std::chrono::seconds(1LL << 60))));
+}
+
 TEST(SystemPlatform, FollowsTheProcesssZone) {
     const char* const before = std::getenv("TZ");
     const std::string kept = before ? before : "";

@@ -42,6 +42,7 @@ int __real_close(int);
 int __real_rename(const char*, const char*);
 ssize_t __real_read(int, void*, size_t);
 int __real_flock(int, int);
+int __real_fstat(int, struct stat*);
 
 int __wrap_open(const char* name, int flags, ...) {
     va_list arguments;
@@ -68,6 +69,9 @@ int __wrap_rename(const char* from, const char* to) {
 }
 ssize_t __wrap_read(int file, void* bytes, size_t size) {
     return fault.strikes("read") ? -1 : __real_read(file, bytes, size);
+}
+int __wrap_fstat(int file, struct stat* status) {
+    return fault.strikes("fstat") ? -1 : __real_fstat(file, status);
 }
 int __wrap_flock(int file, int operation) {
     return fault.strikes("flock") ? -1 : __real_flock(file, operation);
@@ -141,6 +145,8 @@ TEST_F(Faults, OfReadingAndLockingAreTold) {
             EXPECT_EQ(static_cast<bool>(files.lock(folder)), code == EINTR) << call << ": " << std::strerror(code);
         }
     }
+    fault = {"fstat", 1, EIO};
+    EXPECT_FALSE(files.read(folder / "file"));
     fault = {};
     EXPECT_EQ(openDescriptors(), descriptors);
 }

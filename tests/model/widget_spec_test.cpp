@@ -44,13 +44,18 @@ TEST(WidgetSpec, ConstructorFillsInAndNormalises) {
 }
 
 TEST(WidgetSpec, EqualityComparesEveryField) {
-    const std::function<void(WidgetSpec&)> changes[] = {
-        [](auto& s) { s.id = "B"; },           [](auto& s) { s.title = "U"; },
-        [](auto& s) { s.kind = Kind::note; },  [](auto& s) { s.accentHex = "#FFF"; },
-        [](auto& s) { s.symbol = ""; },        [](auto& s) { s.primary.reset(); },
-        [](auto& s) { s.secondary = ""; },     [](auto& s) { s.items->clear(); },
-        [](auto& s) { s.progress = NAN; },     [](auto& s) { s.targetISO8601.reset(); },
-        [](auto& s) { s.createdAt = Date{2}; }};
+    const std::function<void(WidgetSpec&)> changes[] = {[](auto& s) { s.id = "B"; },
+                                                        [](auto& s) { s.title = "U"; },
+                                                        [](auto& s) { s.kind = Kind::note; },
+                                                        [](auto& s) { s.accentHex = "#FFF"; },
+                                                        [](auto& s) { s.symbol = ""; },
+                                                        [](auto& s) { s.primary.reset(); },
+                                                        [](auto& s) { s.secondary = ""; },
+                                                        [](auto& s) { s.items->clear(); },
+                                                        [](auto& s) { s.progress = NAN; },
+                                                        [](auto& s) { s.progress.reset(); },
+                                                        [](auto& s) { s.targetISO8601.reset(); },
+                                                        [](auto& s) { s.createdAt = Date{2}; }};
     WidgetSpec other = full();
     for (const auto& change : changes) {
         EXPECT_EQ(other = full(), full());
