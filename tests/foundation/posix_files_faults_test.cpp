@@ -1,85 +1,19 @@
-// A replacement in which each system call fails in turn. The linker puts the __wrap_ functions before the C library's
-// (--wrap), so the code under test is the product's own, unchanged.
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-
+// A replacement in which each system call fails in turn.
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdarg>
 #include <cstdint>
 #include <cstring>
 #include <utility>
 
 #include "tests/foundation/files_fixture.h"
-
-namespace {
-
-struct Fault {
-    std::string call;  // which call fails
-    int nth = 1;       // at its nth time, from 1
-    int code = 0;      // with that errno
-    int seen = 0;
-
-    bool strikes(const char* name) {
-        if (call != name || ++seen != nth) return false;
-        errno = code;
-        return true;
-    }
-};
-Fault fault;
-std::size_t longestWrite = SIZE_MAX;
-
-}  // namespace
-
-extern "C" {
-int __real_open(const char*, int, ...);
-ssize_t __real_write(int, const void*, size_t);
-int __real_fsync(int);
-int __real_fchmod(int, mode_t);
-int __real_close(int);
-int __real_rename(const char*, const char*);
-ssize_t __real_read(int, void*, size_t);
-int __real_flock(int, int);
-int __real_fstat(int, struct stat*);
-
-int __wrap_open(const char* name, int flags, ...) {
-    va_list arguments;
-    va_start(arguments, flags);
-    const auto mode = flags & O_CREAT ? va_arg(arguments, mode_t) : 0;
-    va_end(arguments);
-    return fault.strikes("open") ? -1 : __real_open(name, flags, mode);
-}
-ssize_t __wrap_write(int file, const void* bytes, size_t size) {
-    return fault.strikes("write") ? -1 : __real_write(file, bytes, std::min(size, longestWrite));
-}
-int __wrap_fsync(int file) {
-    return fault.strikes("fsync") ? -1 : __real_fsync(file);
-}
-int __wrap_fchmod(int file, mode_t mode) {
-    return fault.strikes("fchmod") ? -1 : __real_fchmod(file, mode);
-}
-int __wrap_close(int file) {
-    const int result = __real_close(file);  // a failing close closes all the same
-    return fault.strikes("close") ? -1 : result;
-}
-int __wrap_rename(const char* from, const char* to) {
-    return fault.strikes("rename") ? -1 : __real_rename(from, to);
-}
-ssize_t __wrap_read(int file, void* bytes, size_t size) {
-    return fault.strikes("read") ? -1 : __real_read(file, bytes, size);
-}
-int __wrap_fstat(int file, struct stat* status) {
-    return fault.strikes("fstat") ? -1 : __real_fstat(file, status);
-}
-int __wrap_flock(int file, int operation) {
-    return fault.strikes("flock") ? -1 : __real_flock(file, operation);
-}
-}
+#include "tests/foundation/wrapped_calls.h"
 
 namespace orvel {
 namespace {
+
+using test::fault;
+using test::longestWrite;
 
 const std::string oldContent = "old";
 const std::string newContent(100'000, 'n');

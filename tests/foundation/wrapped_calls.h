@@ -1,0 +1,38 @@
+// The system calls of the file layer, made to fail or written down. The linker puts these before the C library's
+// (--wrap), so the code under test is the product's own, unchanged.
+#pragma once
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orvel::test {
+
+struct Fault {
+    std::string call;  // which call fails
+    int nth = 1;       // at its nth time, from 1
+    int code = 0;      // with that errno
+    int seen = 0;
+
+    bool strikes(const char* name) {
+        if (call != name || ++seen != nth) return false;
+        errno = code;
+        return true;
+    }
+};
+inline Fault fault;
+inline std::size_t longestWrite = SIZE_MAX;
+
+/// A call that has succeeded. `file` is the descriptor; `name` what was opened or renamed.
+struct Call {
+    enum class Kind { create, openFolder, write, sync, rename } kind;
+    int file = -1;
+    std::string name = {};
+    std::string bytes = {};    // written
+    std::string newName = {};  // of a renaming
+};
+inline std::vector<Call>* record = nullptr;  ///< where calls are written down, if anywhere
+
+}  // namespace orvel::test
