@@ -96,38 +96,13 @@ std::string text(FuzzedDataProvider& bytes) {
     const bool raw = bytes.ConsumeBool();
     const std::string rest = bytes.ConsumeRemainingBytesAsString();
     if (raw) return rest;
-    static const std::vector<std::string> pieces{"0",
-                                                 "1",
-                                                 "2",
-                                                 "3",
-                                                 "4",
-                                                 "5",
-                                                 "6",
-                                                 "7",
-                                                 "8",
-                                                 "9",
-                                                 "-",
-                                                 ":",
-                                                 "T",
-                                                 "Z",
-                                                 "+",
-                                                 ".",
-                                                 " ",
-                                                 "\xCC\x81",
-                                                 "\xE2\x80\x8D",
-                                                 "日",
-                                                 "t",
-                                                 "z",
-                                                 "/",
-                                                 "2",
-                                                 "0",
-                                                 "1",
-                                                 "-0",
-                                                 "-1",
-                                                 "2025-12-31",
-                                                 ":30"};
+    static constexpr std::string_view characters = "0123456789-:TZ+. tz/201";
+    static constexpr std::string_view longer[] = {"\xCC\x81", "\xE2\x80\x8D", "日", "-0", "-1", ":30", "2025-12-31"};
     std::string made;
-    for (const char c : rest) made += pieces[static_cast<unsigned char>(c) % pieces.size()];
+    for (const char c : rest) {
+        const std::size_t choice = static_cast<unsigned char>(c) % (characters.size() + std::size(longer));
+        made += choice < characters.size() ? characters.substr(choice, 1) : longer[choice - characters.size()];
+    }
     return made;
 }
 

@@ -94,11 +94,6 @@ endsWhenAsked() {
   kill "$widget"
   exits 0 0
 }
-endsWithoutDisplay() {
-  start env -u DISPLAY -u WAYLAND_DISPLAY XDG_RUNTIME_DIR="$work" "$build/orvel-widget"
-  exits 1 1
-}
-
 # The screen. A server's test says how to take its picture, as $work/shot.ppm, and what the screen is: its scale, width
 # and height, and "cut" where the card's corners are cut out instead of blended.
 screen=(1 0 0)
@@ -170,7 +165,17 @@ replacedElsewhere() {
   echo "[$(design "$1")]" > "$work/new.json"
   mv "$work/new.json" "$work/elsewhere.json"
 }
-followsTheStore() {
+startsAndFollowsTheStore() {
+  step "without a display"
+  start env -u DISPLAY -u WAYLAND_DISPLAY XDG_RUNTIME_DIR="$work" "$build/orvel-widget"
+  exits 1 1
+  step "nothing stored"
+  expect empty
+  start
+  shows empty
+  hasKnownColours
+  showsEveryKind
+  step "the store changes"
   become renamed put renamed
   become written inPlace written
   become empty rm -rf "$store"

@@ -44,18 +44,7 @@ command -v swaybg > /dev/null || desktop=$(takePicture && colour 0 0)
 eventually hasDesktop
 screen=(1 640 480)
 
-step "without a display"
-endsWithoutDisplay
-
-step "nothing stored"
-expect empty
-start
-shows empty
-hasKnownColours
-showsEveryKind
-
-step "the store changes"
-followsTheStore
+startsAndFollowsTheStore
 
 # A picture of the output has its pixels; what a fraction of a pixel of a whole scale looks like is the compositor's.
 step "the scale changes"

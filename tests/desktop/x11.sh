@@ -31,18 +31,7 @@ desktop="srgb(51,102,153)"
 xsetroot -solid '#336699'
 screen=(1 640 480 cut)
 
-step "without a display"
-endsWithoutDisplay
-
-step "nothing stored"
-expect empty
-start
-shows empty
-hasKnownColours
-showsEveryKind
-
-step "the store changes"
-followsTheStore
+startsAndFollowsTheStore
 
 step "the scale changes"
 dpi 144
