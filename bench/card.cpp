@@ -12,6 +12,7 @@
 #include "platform/host/card.h"
 #include "platform/render/painter.h"
 #include "platform/render/pango_text_engine.h"
+#include "platform/symbols/symbols.h"
 #include "platform/ui/gettext_localizer.h"
 #include "widget/orvel_widget.h"
 
@@ -76,8 +77,7 @@ class Host {
 public:
     Scene scene(const Case& card) {
         const View view = OrvelWidget::content({clock_.now(), card.spec}, platform_);
-        return cardScene(view, card.family, {text_, localizer_},
-                         [&](std::string_view symbol) { return painter_.symbols().contains(symbol); });
+        return cardScene(view, card.family, {text_, localizer_}, symbols_);
     }
 
     void paint(cairo_t* context, const Scene& scene) { painter_.paint(context, scene, cornerRadius, Target::pixels); }
@@ -88,7 +88,8 @@ private:
                        Platform::system().identities};
     PangoTextEngine text_;
     GettextLocalizer localizer_{GettextLocalizer::installedDirectory()};
-    Painter painter_;
+    Symbols symbols_;
+    Painter painter_{symbols_};
 };
 
 Host& host() {

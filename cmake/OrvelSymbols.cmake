@@ -5,7 +5,7 @@ set(ORVEL_ICON_PACKAGES ${CMAKE_SOURCE_DIR}/node_modules CACHE PATH "Where scrip
 function(orvel_embed_symbols target)
   set(first ${ORVEL_ICON_PACKAGES}/framework7-icons/fonts)
   set(second ${ORVEL_ICON_PACKAGES}/@phosphor-icons/web/src)
-  set(names ${CMAKE_SOURCE_DIR}/platform/render/symbol_names)
+  set(names ${CMAKE_SOURCE_DIR}/platform/symbols/symbol_names)
   set(codes ${CMAKE_CURRENT_BINARY_DIR}/symbol_codes.txt)
   set(script ${CMAKE_SOURCE_DIR}/cmake/icon_codes.cmake)
   set(style_sheet ${second}/regular/style.css)
@@ -31,7 +31,7 @@ function(orvel_embed_symbols target)
     list(APPEND definitions "ORVEL_${name}=\"${file}\"")
     list(APPEND depends ${file})
   endwhile()
-  set(assembly ${CMAKE_SOURCE_DIR}/platform/render/symbol_data.S)
+  set(assembly ${CMAKE_SOURCE_DIR}/platform/symbols/symbol_data.S)
   target_sources(${target} PRIVATE ${assembly} ${codes})
   set_source_files_properties(${assembly} PROPERTIES
     COMPILE_DEFINITIONS "${definitions}"

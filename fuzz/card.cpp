@@ -8,8 +8,7 @@
 
 #include "fuzz/expect.h"
 #include "platform/host/card.h"
-#include "platform/render/pango_text_engine.h"
-#include "platform/render/picture.h"
+#include "platform/render/cairo_renderer.h"
 #include "tests/support/fakes.h"
 #include "widget/orvel_widget.h"
 
@@ -78,22 +77,21 @@ WidgetSpec design(FuzzedDataProvider& bytes, const Platform& platform) {
 }
 
 struct Studio {
-    PangoTextEngine text;
+    std::unique_ptr<Renderer> renderer = makeCairoRenderer();
     KeysThemselves localizer;
-    Painter painter;
     std::array<unsigned char, 4 * 64 * 64> pixels;
 };
 
 void draw(const View& view, FuzzedDataProvider& bytes) {
     static Studio& studio = *new Studio;
-    const auto drawn = [](std::string_view name) { return studio.painter.symbols().contains(name); };
-    const LayoutContext context{studio.text, studio.localizer};
+    const LayoutContext context{studio.renderer->text(), studio.localizer};
     // The host's two sizes, and what no host has: none, less than none, and as far as numbers go.
     static constexpr std::array sides{170.0, 364.0, 0.0, -1.0, 1.0, 33.0, -1e300, 1e9, 1e300};
     const bool hosted = bytes.ConsumeBool();
-    const Scene scene = hosted ? cardScene(view, bytes.PickValueInArray(allWidgetFamilies), context, drawn)
-                               : makeScene(view, {bytes.PickValueInArray(sides), bytes.PickValueInArray(sides)},
-                                           bytes.PickValueInArray(sides), context, drawn);
+    const Scene scene =
+        hosted ? cardScene(view, bytes.PickValueInArray(allWidgetFamilies), context, studio.renderer->symbols())
+               : makeScene(view, {bytes.PickValueInArray(sides), bytes.PickValueInArray(sides)},
+                           bytes.PickValueInArray(sides), context, studio.renderer->symbols());
     for (const Mark& mark : scene.marks) {
         const auto& [origin, size] = mark.frame;
         for (const double length : {origin.x, origin.y, size.width, size.height, mark.rotationDegrees})
@@ -105,7 +103,8 @@ void draw(const View& view, FuzzedDataProvider& bytes) {
     }
     const double scale = bytes.ConsumeFloatingPointInRange(0.05, 8.0);
     studio.pixels.fill(0);
-    paint({scene.size, cornerRadius, {{{0, 0}, scene}}}, {studio.pixels.data(), 64, 64, 4 * 64, scale}, studio.painter);
+    studio.renderer->paint({scene.size, cornerRadius, {{{0, 0}, scene}}},
+                           {studio.pixels.data(), 64, 64, 4 * 64, scale});
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/widget_spec.h"
-#include "platform/render/symbols.h"
+#include "platform/symbols/symbols.h"
 
 namespace orvel::tools {
 

@@ -15,10 +15,16 @@ Outcome<Format> formatOf(const std::string& output) {
     return Failure{output + ": the ending must be .png, .svg or .pdf"};
 }
 
-Outcome<std::string> encoded(const Picture& picture, Format format, double scale, Date created, Painter& painter) {
-    auto bytes = format == Format::png   ? png(picture, scale, painter)
-                 : format == Format::svg ? svg(picture, painter)
-                                         : pdf(picture, created, painter);
+Outcome<std::unique_ptr<Renderer>> openRenderer() {
+    auto renderer = loadRenderer();
+    if (!renderer) return Failure{"can't draw: " + renderer.failure().reason};
+    return *std::move(renderer);
+}
+
+Outcome<std::string> encoded(const Picture& picture, Format format, double scale, Date created, Renderer& renderer) {
+    auto bytes = format == Format::png   ? renderer.png(picture, scale)
+                 : format == Format::svg ? renderer.svg(picture)
+                                         : renderer.pdf(picture, created);
     if (!bytes) return Failure{"can't draw: " + bytes.failure().reason};
     return *std::move(bytes);
 }

@@ -1,9 +1,10 @@
 // Pictures in the format that a file's ending names.
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include "platform/render/picture.h"
+#include "platform/host/renderer_module.h"
 #include "tools/console.h"
 
 namespace orvel::tools {
@@ -18,6 +19,8 @@ enum class Format { png, svg, pdf };
 /// By the ending, in any letter case: .png, .svg, .pdf.
 Outcome<Format> formatOf(const std::string& output);
 
-Outcome<std::string> encoded(const Picture& picture, Format format, double scale, Date created, Painter& painter);
+Outcome<std::unique_ptr<Renderer>> openRenderer();
+
+Outcome<std::string> encoded(const Picture& picture, Format format, double scale, Date created, Renderer& renderer);
 
 }  // namespace orvel::tools

@@ -1,5 +1,4 @@
 #include "platform/foundation/iso8601.h"
-#include "platform/render/pango_text_engine.h"
 #include "platform/ui/gettext_localizer.h"
 #include "tools/commands.h"
 #include "tools/input_output.h"
@@ -61,10 +60,9 @@ Outcome<Done> gallery(const DrawingChoices& drawing, const Platform& platform, C
     const FixedClock clock(*iso8601::dateTime(galleryInstant));
     const Platform still{clock, platform.files, platform.accounts, platform.timeZone, platform.identities};
 
-    PangoTextEngine text;
     const GettextLocalizer localizer(GettextLocalizer::installedDirectory());
-    Painter painter;
-    const auto drawsSymbol = [&](std::string_view symbol) { return painter.symbols().contains(symbol); };
+    const auto renderer = openRenderer();
+    if (!renderer) return renderer.failure();
 
     // Two designs to a row, each small and medium.
     Picture picture{{}, cornerRadius, {}};
@@ -73,7 +71,8 @@ Outcome<Done> gallery(const DrawingChoices& drawing, const Platform& platform, C
     for (const auto& spec : sampleDesigns(still)) {
         const View view = OrvelWidget::content({clock.now(), spec}, still);
         for (const WidgetFamily family : allWidgetFamilies) {
-            picture.cards.push_back({at, cardScene(view, family, {text, localizer}, drawsSymbol)});
+            picture.cards.push_back(
+                {at, cardScene(view, family, {(*renderer)->text(), localizer}, (*renderer)->symbols())});
             at.x += displaySize(family).width + gap;
         }
         picture.size = {at.x, at.y + displaySize(WidgetFamily::systemSmall).height + gap};
@@ -81,7 +80,7 @@ Outcome<Done> gallery(const DrawingChoices& drawing, const Platform& platform, C
         if (startsRow) at = {gap, picture.size.height};
     }
 
-    const auto bytes = encoded(picture, *format, drawing.scale, clock.now(), painter);
+    const auto bytes = encoded(picture, *format, drawing.scale, clock.now(), **renderer);
     if (!bytes) return bytes.failure();
     return writeOutput(drawing.output, *bytes, platform.files, console);
 }

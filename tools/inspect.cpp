@@ -1,5 +1,3 @@
-#include "platform/render/pango_text_engine.h"
-#include "platform/render/symbols.h"
 #include "platform/ui/dump.h"
 #include "platform/ui/gettext_localizer.h"
 #include "tools/commands.h"
@@ -10,11 +8,10 @@ Outcome<Done> inspect(const CardChoices& card, const Platform& platform, Console
     const auto view = cardView(card, platform, console);
     if (!view) return view.failure();
 
-    PangoTextEngine text;
     const GettextLocalizer localizer(GettextLocalizer::installedDirectory());
-    const Symbols symbols;
-    const auto drawsSymbol = [&](std::string_view symbol) { return symbols.contains(symbol); };
-    const Scene scene = cardScene(*view, card.family, {text, localizer}, drawsSymbol);
+    const auto renderer = openRenderer();
+    if (!renderer) return renderer.failure();
+    const Scene scene = cardScene(*view, card.family, {(*renderer)->text(), localizer}, (*renderer)->symbols());
 
     json::Writer writer;
     writer.beginObject().key("family").string(name(card.family));

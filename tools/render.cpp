@@ -1,4 +1,3 @@
-#include "platform/render/pango_text_engine.h"
 #include "platform/ui/gettext_localizer.h"
 #include "tools/commands.h"
 #include "tools/input_output.h"
@@ -12,14 +11,13 @@ Outcome<Done> render(const CardChoices& card, const DrawingChoices& drawing, con
     const auto view = cardView(card, platform, console);
     if (!view) return view.failure();
 
-    PangoTextEngine text;
     const GettextLocalizer localizer(GettextLocalizer::installedDirectory());
-    Painter painter;
-    const auto drawsSymbol = [&](std::string_view symbol) { return painter.symbols().contains(symbol); };
-    Scene scene = cardScene(*view, card.family, {text, localizer}, drawsSymbol);
+    const auto renderer = openRenderer();
+    if (!renderer) return renderer.failure();
+    Scene scene = cardScene(*view, card.family, {(*renderer)->text(), localizer}, (*renderer)->symbols());
     const Picture picture{scene.size, cornerRadius, {{{0, 0}, std::move(scene)}}};
 
-    const auto bytes = encoded(picture, *format, drawing.scale, platform.clock.now(), painter);
+    const auto bytes = encoded(picture, *format, drawing.scale, platform.clock.now(), **renderer);
     if (!bytes) return bytes.failure();
     return writeOutput(drawing.output, *bytes, platform.files, console);
 }

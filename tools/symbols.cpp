@@ -4,8 +4,8 @@
 
 #include "platform/foundation/unicode.h"
 #include "platform/host/card.h"
-#include "platform/render/pango_text_engine.h"
 #include "platform/ui/localized.h"
+#include "platform/symbols/symbols.h"
 #include "tools/drawing.h"
 #include "tools/input_output.h"
 #include "tools/symbols_command.h"
@@ -83,24 +83,23 @@ Grid grid(const Names& names) {
     return {VStack(HorizontalAlignment::leading, 0)({rows}), {columns * cell.width, height}};
 }
 
-Outcome<Done> drawSheet(const Names& names, const std::string& output, Painter& painter, const Platform& platform,
-                        Console& console) {
+Outcome<Done> drawSheet(const Names& names, const std::string& output, const Platform& platform, Console& console) {
     const auto format = formatOf(output);
     if (!format) return format.failure();
     const auto [view, size] = grid(names);
     const Size sheet{size.width + 2 * margin, size.height + 2 * margin};
 
-    PangoTextEngine text;
+    const auto renderer = openRenderer();
+    if (!renderer) return renderer.failure();
     const KeysThemselves words;
-    const auto drawsSymbol = [&](std::string_view symbol) { return painter.symbols().contains(symbol); };
     Scene scene = makeScene(view.containerBackground(background, ContainerBackgroundPlacement::widget), sheet, margin,
-                            {text, words}, drawsSymbol);
+                            {(*renderer)->text(), words}, (*renderer)->symbols());
 
     // All symbols there are would take a gigabyte at more.
     constexpr std::size_t mostSharp = 1000;
     const double scale = names.size() <= mostSharp ? 2 : 1;
     const Picture picture{sheet, cornerRadius, {{{0, 0}, std::move(scene)}}};
-    const auto bytes = encoded(picture, *format, scale, platform.clock.now(), painter);
+    const auto bytes = encoded(picture, *format, scale, platform.clock.now(), **renderer);
     if (!bytes) return bytes.failure();
     return writeOutput(output, *bytes, platform.files, console);
 }
@@ -108,10 +107,10 @@ Outcome<Done> drawSheet(const Names& names, const std::string& output, Painter& 
 }  // namespace
 
 Outcome<Done> symbols(const SymbolChoices& choices, const Platform& platform, Console& console) {
-    Painter painter;
-    const Names names = containing(choices.text, painter.symbols().names());
-    if (names.empty()) return noneContains(choices.text, painter.symbols());
-    if (choices.picture) return drawSheet(names, *choices.picture, painter, platform, console);
+    const Symbols symbols;
+    const Names names = containing(choices.text, symbols.names());
+    if (names.empty()) return noneContains(choices.text, symbols);
+    if (choices.picture) return drawSheet(names, *choices.picture, platform, console);
     std::string lines;
     for (const std::string& name : names) lines += name + '\n';
     return writeOutput("-", lines, platform.files, console);

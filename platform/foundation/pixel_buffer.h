@@ -2,6 +2,8 @@
 // blue, multiplied by alpha.
 #pragma once
 
+#include <cstddef>
+
 namespace orvel {
 
 struct PixelBuffer {
@@ -11,5 +13,10 @@ struct PixelBuffer {
     int strideBytes = 0;
     double scale = 1;  ///< pixels to the point
 };
+
+/// In bytes.
+inline std::size_t size(const PixelBuffer& pixels) {
+    return static_cast<std::size_t>(pixels.strideBytes) * static_cast<std::size_t>(pixels.heightPx);
+}
 
 }  // namespace orvel

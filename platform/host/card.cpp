@@ -2,9 +2,8 @@
 
 namespace orvel {
 
-Scene cardScene(const View& view, WidgetFamily family, const LayoutContext& context,
-                FunctionRef<bool(std::string_view)> drawsSymbol) {
-    return makeScene(view, displaySize(family), contentMargin, context, drawsSymbol);
+Scene cardScene(const View& view, WidgetFamily family, const LayoutContext& context, const SymbolSet& symbols) {
+    return makeScene(view, displaySize(family), contentMargin, context, symbols);
 }
 
 }  // namespace orvel

@@ -12,7 +12,6 @@ inline constexpr double contentMargin = 16;
 /// Points. Nothing is drawn outside the rounded shape.
 inline constexpr double cornerRadius = 20;
 
-Scene cardScene(const View& view, WidgetFamily family, const LayoutContext& context,
-                FunctionRef<bool(std::string_view symbol)> drawsSymbol);
+Scene cardScene(const View& view, WidgetFamily family, const LayoutContext& context, const SymbolSet& symbols);
 
 }  // namespace orvel

@@ -3,12 +3,13 @@
 #include <sys/signalfd.h>
 
 #include <csignal>
+#include <utility>
+#include <vector>
 
 #include "platform/host/card.h"
 #include "platform/host/hosted_card.h"
 #include "platform/host/own_process.h"
-#include "platform/render/pango_text_engine.h"
-#include "platform/render/picture.h"
+#include "platform/host/renderer_module.h"
 #include "platform/ui/gettext_localizer.h"
 #include "platform/ui/view_words.h"
 #include "platform/window/path_watch.h"
@@ -22,12 +23,20 @@ constexpr std::chrono::seconds longestDrawing{10};
 // Where the system says which zone it is in.
 constexpr const char* zoneFile = "/etc/localtime";
 
-bool drawCard(const View& view, WidgetFamily family, const Localizer& localizer, const PixelBuffer& pixels) {
-    PangoTextEngine text;
-    Painter painter;
-    const auto drawsSymbol = [&](std::string_view symbol) { return painter.symbols().contains(symbol); };
-    Scene scene = cardScene(view, family, {text, localizer}, drawsSymbol);
-    return paint({scene.size, cornerRadius, {{{0, 0}, std::move(scene)}}}, pixels, painter);
+/// Gets the drawing libraries ready and all that doesn't depend on the pixels, and then waits for the question, which
+/// pixels, and answers with their bytes. It ends without an answer when it can't draw.
+void drawCard(const Channel& channel, const View& view, WidgetFamily family, const Localizer& localizer,
+              FunctionRef<void(const std::string&)> notice) {
+    const auto renderer = loadRenderer();
+    if (!renderer) return notice("can't draw: " + renderer.failure().reason);
+    Scene scene = cardScene(view, family, {(*renderer)->text(), localizer}, (*renderer)->symbols());
+    const Picture picture{scene.size, cornerRadius, {{{0, 0}, std::move(scene)}}};
+
+    PixelBuffer pixels;
+    if (!channel.receive(&pixels, sizeof pixels)) return;
+    std::vector<unsigned char> bytes(size(pixels));
+    pixels.bytes = bytes.data();
+    if ((*renderer)->paint(picture, pixels)) channel.send(bytes.data(), bytes.size());
 }
 
 /// A descriptor that can be read once the process is asked to end; the signals no longer end it by themselves.
@@ -38,6 +47,7 @@ int endingSignals() {
     sigaddset(&signals, SIGINT);
     ::sigprocmask(SIG_BLOCK, &signals, nullptr);
     ::signal(SIGPIPE, SIG_IGN);  // a window system that has gone away is told by its connection
+    ::signal(SIGCHLD, SIG_IGN);  // and a process that has drawn needs no farewell
     return ::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
@@ -49,6 +59,7 @@ public:
           card_(widget, {.family = choices.family, .displaySize = displaySize(choices.family)}, platform),
           localizer_(GettextLocalizer::installedDirectory()),
           ending_(loop_.watch(endingSignals(), [this] { loop_.stop(); })),
+          drawing_(startDrawing()),
           timer_(loop_, [this] { show(card_.look()); }),
           folder_(loop_, {extension.watchedFolder(platform)}, [this] { show(card_.reload()); }),
           zone_(loop_, {zoneFile}, [this] { show(card_.look()); }),
@@ -56,9 +67,9 @@ public:
           name_(localized(widget.displayName, localizer_)) {}
 
     Result<Done, NoDisplay> run() {
-        const Size size = displaySize(choices_.family);
-        auto surface = openDesktopSurface({.width = size.width,
-                                           .height = size.height,
+        const Size points = displaySize(choices_.family);
+        auto surface = openDesktopSurface({.width = points.width,
+                                           .height = points.height,
                                            .cornerRadius = cornerRadius,
                                            .placement = choices_.placement,
                                            .program = program_,
@@ -79,13 +90,31 @@ public:
 
 private:
     void show(bool changed) {
+        if (changed) drawing_.reset();
         if (changed || !drawn_) surface_->contentChanged(title());
         timer_.set(card_.nextLook());
     }
 
+    /// A process that is ready to draw the view, or soon will be.
+    Channel startDrawing() {
+        const auto sayOnce = [this](const std::string& sentence) {
+            if (drawn_ && choices_.notice) choices_.notice(sentence);
+        };
+        return startOwnProcess(
+            [&](const Channel& channel) { drawCard(channel, card_.view(), choices_.family, localizer_, sayOnce); },
+            longestDrawing);
+    }
+
     bool draw(const PixelBuffer& pixels) {
-        drawn_ =
-            inOwnProcess([&] { return drawCard(card_.view(), choices_.family, localizer_, pixels); }, longestDrawing);
+        const auto answered = [&] {
+            const auto drawing = std::exchange(drawing_, std::nullopt);
+            return drawing && drawing->send(&pixels, sizeof pixels) && drawing->receive(pixels.bytes, size(pixels));
+        };
+        drawn_ = answered();
+        if (!drawn_) {  // none was prepared, or it has waited for too long
+            drawing_ = startDrawing();
+            drawn_ = answered();
+        }
         return drawn_;
     }
 
@@ -105,13 +134,14 @@ private:
     HostedCard card_;
     GettextLocalizer localizer_;
     EventLoop::Watch ending_;
+    bool drawn_ = true;               ///< the last drawing succeeded; otherwise each look tries again
+    std::optional<Channel> drawing_;  ///< prepared, beside all that is done before there are pixels to draw
     ClockTimer timer_;
     PathWatch folder_;
     PathWatch zone_;
     std::string program_;
     std::string name_;
     std::unique_ptr<DesktopSurface> surface_;
-    bool drawn_ = true;  ///< the last drawing succeeded; otherwise each look tries again
     bool ended_ = false;
     std::optional<std::string> failure_;
 };

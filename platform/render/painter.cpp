@@ -86,7 +86,7 @@ bool hasUnknownGlyph(const PangoGlyphString& glyphs) {
 
 class ScenePainter {
 public:
-    ScenePainter(cairo_t* cr, Target target, const Symbols& symbols, GlyphMasks& masks)
+    ScenePainter(cairo_t* cr, Target target, const SymbolSet& symbols, GlyphMasks& masks)
         : cr_(cr), target_(target), symbols_(symbols), masks_(masks) {}
 
     void draw(const Mark& mark) {
@@ -258,24 +258,20 @@ private:
 
     cairo_t* cr_;
     Target target_;
-    const Symbols& symbols_;
+    const SymbolSet& symbols_;
     GlyphMasks& masks_;
 };
 
 }  // namespace
 
 struct Painter::State {
-    Symbols symbols;
-    GlyphMasks masks;
+    const SymbolSet& symbols;
+    GlyphMasks masks = {};
 };
 
-Painter::Painter() : state_(std::make_unique<State>()) {}
+Painter::Painter(const SymbolSet& symbols) : state_(new State{symbols}) {}
 
 Painter::~Painter() = default;
-
-const Symbols& Painter::symbols() const {
-    return state_->symbols;
-}
 
 void Painter::paint(cairo_t* context, const Scene& scene, double cornerRadius, Target target) {
     const Saved saved(context);

@@ -3,8 +3,8 @@
 
 #include <memory>
 
-#include "platform/render/symbols.h"
 #include "platform/ui/scene.h"
+#include "platform/ui/symbol_set.h"
 
 typedef struct _cairo cairo_t;
 
@@ -17,10 +17,9 @@ enum class Target {
 
 class Painter {
 public:
-    Painter();
+    /// The symbols must outlive the painter.
+    explicit Painter(const SymbolSet& symbols);
     ~Painter();
-
-    const Symbols& symbols() const;
 
     /// Draws in the context's user space, in points, with the scene's top left corner at its origin: the background
     /// within a rounded shape of that corner radius, and nothing outside it.

@@ -46,7 +46,7 @@ void turn(Mark& mark, Point about, double degrees) {
 
 class SceneBuilder {
 public:
-    explicit SceneBuilder(FunctionRef<bool(std::string_view)> drawsSymbol) : drawsSymbol_(drawsSymbol) {}
+    explicit SceneBuilder(const SymbolSet& symbols) : symbols_(symbols) {}
 
     void add(const Placed& placed, Point origin) {
         const std::size_t first = marks.size();
@@ -80,7 +80,7 @@ private:
     }
 
     void add(const PlacedSymbol& symbol, Rect frame) {
-        if (drawsSymbol_(symbol.name)) marks.push_back({frame, 0, SymbolMark{symbol.name, symbol.color}});
+        if (symbols_.contains(symbol.name)) marks.push_back({frame, 0, SymbolMark{symbol.name, symbol.color}});
     }
 
     void add(const PlacedCircle& circle, Rect box) {
@@ -97,7 +97,7 @@ private:
         if (from < to) marks.push_back({frame, 0, ArcMark{from, to, 0, *circle.stroke, circle.color}});
     }
 
-    FunctionRef<bool(std::string_view)> drawsSymbol_;
+    const SymbolSet& symbols_;
 };
 
 void write(json::Writer& writer, const TextMark& text) {
@@ -139,12 +139,12 @@ constexpr const char* nameOf(const ArcMark&) {
 }  // namespace
 
 Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
-                FunctionRef<bool(std::string_view)> drawsSymbol) {
+                const SymbolSet& symbols) {
     const Size content{std::max(container.width - 2 * margin, 0.0), std::max(container.height - 2 * margin, 0.0)};
     const Placed placed = layOut(view, {content.width, content.height}, context);
     const Point origin = aligned(placed.size, content, Alignment::center);
 
-    SceneBuilder builder(drawsSymbol);
+    SceneBuilder builder(symbols);
     builder.add(placed, {margin + origin.x, margin + origin.y});
     return {container, containerBackground(view), std::move(builder.marks)};
 }

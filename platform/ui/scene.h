@@ -9,9 +9,9 @@
 #include <variant>
 #include <vector>
 
-#include "platform/foundation/function_ref.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/ui/layout.h"
+#include "platform/ui/symbol_set.h"
 
 namespace orvel {
 
@@ -58,9 +58,9 @@ struct Scene {
 };
 
 /// Lays the view out inside a container, centred within equal margins, and lists what it draws. Empty texts, empty arcs
-/// and symbols that `drawsSymbol` doesn't know leave no mark.
+/// and symbols that aren't in the set leave no mark.
 Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
-                FunctionRef<bool(std::string_view symbol)> drawsSymbol);
+                const SymbolSet& symbols);
 
 /// Writes the marks as an array of objects.
 void write(json::Writer& writer, const std::vector<Mark>& marks);

@@ -9,10 +9,6 @@
 namespace orvel {
 namespace {
 
-std::size_t bytesOf(const PixelBuffer& pixels) {
-    return static_cast<std::size_t>(pixels.strideBytes) * static_cast<std::size_t>(pixels.heightPx);
-}
-
 constexpr wl_buffer_listener listener{.release = [](void* data, wl_buffer*) {
     // Called out of a copy: the call may well destroy the buffer.
     if (const auto released = static_cast<WaylandBuffer*>(data)->released) released();
@@ -23,17 +19,17 @@ constexpr wl_buffer_listener listener{.release = [](void* data, wl_buffer*) {
 std::unique_ptr<WaylandBuffer> WaylandBuffer::make(wl_shm* sharedMemory, int widthPx, int heightPx, double scale) {
     auto self = std::unique_ptr<WaylandBuffer>(new WaylandBuffer());
     self->pixels_ = {nullptr, widthPx, heightPx, widthPx * 4, scale};
-    const std::size_t size = bytesOf(self->pixels_);
+    const std::size_t bytes = size(self->pixels_);
 
     const Descriptor memory(::memfd_create("card", MFD_CLOEXEC | MFD_ALLOW_SEALING));
-    if (!memory || ::ftruncate(memory.get(), static_cast<off_t>(size)) < 0) return nullptr;
+    if (!memory || ::ftruncate(memory.get(), static_cast<off_t>(bytes)) < 0) return nullptr;
     ::fcntl(memory.get(), F_ADD_SEALS, F_SEAL_SHRINK);  // the compositor needn't fear for what it reads
-    void* const bytes = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED, memory.get(), 0);
-    if (bytes == MAP_FAILED) return nullptr;
-    self->pixels_.bytes = static_cast<unsigned char*>(bytes);
+    void* const mapped = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, memory.get(), 0);
+    if (mapped == MAP_FAILED) return nullptr;
+    self->pixels_.bytes = static_cast<unsigned char*>(mapped);
 
     const WaylandPtr<wl_shm_pool, wl_shm_pool_destroy> pool(
-        wl_shm_create_pool(sharedMemory, memory.get(), static_cast<std::int32_t>(size)));
+        wl_shm_create_pool(sharedMemory, memory.get(), static_cast<std::int32_t>(bytes)));
     self->buffer_ = wl_shm_pool_create_buffer(pool.get(), 0, widthPx, heightPx, widthPx * 4, WL_SHM_FORMAT_ARGB8888);
     wl_buffer_add_listener(self->buffer_, &listener, self.get());
     return self;
@@ -41,7 +37,7 @@ std::unique_ptr<WaylandBuffer> WaylandBuffer::make(wl_shm* sharedMemory, int wid
 
 WaylandBuffer::~WaylandBuffer() {
     if (buffer_) wl_buffer_destroy(buffer_);
-    if (pixels_.bytes) ::munmap(pixels_.bytes, bytesOf(pixels_));
+    if (pixels_.bytes) ::munmap(pixels_.bytes, size(pixels_));
 }
 
 }  // namespace orvel

@@ -1,12 +1,12 @@
 #include "platform/window/x11_window.h"
 
-#include <sys/mman.h>
 #include <xcb/shape.h>
 
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <initializer_list>
+#include <vector>
 
 #include "platform/window/x11_shape.h"
 
@@ -142,34 +142,31 @@ void X11Window::move(int xPx, int yPx) {
 void X11Window::draw(const SurfaceRequest& request) {
     xcb_connection_t* const x = display_.connection();
     const int strideBytes = area_.width * 4;
-    const auto size = static_cast<std::size_t>(strideBytes) * static_cast<std::size_t>(area_.height);
-    // Shared, so that whoever draws may do so in another process.
-    void* const bytes = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    if (bytes == MAP_FAILED) return;
-    const PixelBuffer pixels{static_cast<unsigned char*>(bytes), area_.width, area_.height, strideBytes, scale_};
-    if (request.draw(pixels)) {
-        constexpr bool lowByteFirst = std::endian::native == std::endian::little;
-        if ((xcb_get_setup(x)->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST) != lowByteFirst)
-            for (std::size_t i = 0; i < size; i += 4) std::reverse(pixels.bytes + i, pixels.bytes + i + 4);
+    PixelBuffer pixels{nullptr, area_.width, area_.height, strideBytes, scale_};
+    std::vector<unsigned char> bytes(size(pixels));
+    pixels.bytes = bytes.data();
+    if (!request.draw(pixels)) return;
 
-        const xcb_pixmap_t picture = xcb_generate_id(x);
-        xcb_create_pixmap(x, depth_, picture, id_, static_cast<std::uint16_t>(area_.width),
-                          static_cast<std::uint16_t>(area_.height));
-        constexpr std::uint32_t header = 64;  // bytes, and some more
-        const std::uint32_t mostBytes = xcb_get_maximum_request_length(x) * 4 - header;
-        const int mostRows = std::max(1, static_cast<int>(mostBytes / static_cast<std::uint32_t>(strideBytes)));
-        for (int row = 0; row < area_.height; row += mostRows) {
-            const int rows = std::min(mostRows, area_.height - row);
-            xcb_put_image(x, XCB_IMAGE_FORMAT_Z_PIXMAP, picture, graphics_, static_cast<std::uint16_t>(area_.width),
-                          static_cast<std::uint16_t>(rows), 0, static_cast<std::int16_t>(row), 0, depth_,
-                          static_cast<std::uint32_t>(rows * strideBytes),
-                          pixels.bytes + static_cast<std::ptrdiff_t>(row) * strideBytes);
-        }
-        xcb_change_window_attributes(x, id_, XCB_CW_BACK_PIXMAP, &picture);
-        xcb_clear_area(x, 0, id_, 0, 0, 0, 0);
-        xcb_free_pixmap(x, picture);
+    constexpr bool lowByteFirst = std::endian::native == std::endian::little;
+    if ((xcb_get_setup(x)->image_byte_order == XCB_IMAGE_ORDER_LSB_FIRST) != lowByteFirst)
+        for (std::size_t i = 0; i < bytes.size(); i += 4) std::reverse(pixels.bytes + i, pixels.bytes + i + 4);
+
+    const xcb_pixmap_t picture = xcb_generate_id(x);
+    xcb_create_pixmap(x, depth_, picture, id_, static_cast<std::uint16_t>(area_.width),
+                      static_cast<std::uint16_t>(area_.height));
+    constexpr std::uint32_t header = 64;  // bytes, and some more
+    const std::uint32_t mostBytes = xcb_get_maximum_request_length(x) * 4 - header;
+    const int mostRows = std::max(1, static_cast<int>(mostBytes / static_cast<std::uint32_t>(strideBytes)));
+    for (int row = 0; row < area_.height; row += mostRows) {
+        const int rows = std::min(mostRows, area_.height - row);
+        xcb_put_image(x, XCB_IMAGE_FORMAT_Z_PIXMAP, picture, graphics_, static_cast<std::uint16_t>(area_.width),
+                      static_cast<std::uint16_t>(rows), 0, static_cast<std::int16_t>(row), 0, depth_,
+                      static_cast<std::uint32_t>(rows * strideBytes),
+                      pixels.bytes + static_cast<std::ptrdiff_t>(row) * strideBytes);
     }
-    ::munmap(bytes, size);
+    xcb_change_window_attributes(x, id_, XCB_CW_BACK_PIXMAP, &picture);
+    xcb_clear_area(x, 0, id_, 0, 0, 0, 0);
+    xcb_free_pixmap(x, picture);
 }
 
 }  // namespace orvel

@@ -8,7 +8,7 @@ if [ "$(id -u)" = 0 ] && command -v sway runuser useradd > /dev/null; then
   id orvel-test > /dev/null 2>&1 || useradd --create-home orvel-test
   copies=$(mktemp -d)
   trap 'rm -rf "$copies"' EXIT
-  cp "$build/orvel" "$build/orvel-widget" "$(dirname "$0")"/*.sh "$copies"
+  cp "$build"/orvel{,-widget,-renderer.so} "$(dirname "$0")"/*.sh "$copies"
   chmod -R a+rX "$copies"
   cd /
   runuser -u orvel-test -- "$copies/wayland.sh" "$copies"

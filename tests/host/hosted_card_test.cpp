@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "platform/host/hosted_card.h"
 #include "platform/host/own_process.h"
@@ -87,18 +88,27 @@ TEST_F(OneHostedCard, ChangesWithTheStoreOnlyWhenItsViewDoes) {
     EXPECT_EQ(shown(card), "new");
 }
 
-TEST(OwnProcess, TellsHowItEndedHoweverItEnded) {
-    using namespace std::chrono_literals;
-    EXPECT_TRUE(inOwnProcess([] { return true; }, 10s));
-    EXPECT_FALSE(inOwnProcess([] { return false; }, 10s));
-    EXPECT_FALSE(inOwnProcess([]() -> bool { throw std::bad_alloc(); }, 10s));
-    EXPECT_FALSE(inOwnProcess([]() -> bool { std::abort(); }, 10s));
-    EXPECT_FALSE(inOwnProcess(
-        []() -> bool {
-            for (;;) {
-            }
-        },
-        1s));
+TEST(OwnProcess, AnswersOrEndsHoweverItGoes) {
+    const auto answer = [](FunctionRef<void()> getReady, std::size_t length) {
+        const auto work = [&](const Channel& channel) {
+            getReady();
+            std::string text(length, ' ');
+            if (channel.receive(text.data(), length)) channel.send(text.data(), length);
+        };
+        const Channel channel = startOwnProcess(work, std::chrono::seconds(1));
+        const std::string question(length, 'x');
+        std::string text(length, ' ');
+        return channel.send(question.data(), length) && channel.receive(text.data(), length) && text == question;
+    };
+    EXPECT_TRUE(answer([] {}, 1));
+    EXPECT_TRUE(answer([] {}, 5'000'000)) << "more than a socket holds";
+    EXPECT_FALSE(answer([] { throw std::bad_alloc(); }, 1));
+    EXPECT_FALSE(answer([] { std::abort(); }, 1));
+    const auto stops = [] {
+        for (;;) ::pause();
+    };
+    EXPECT_FALSE(answer(stops, 1));
+    EXPECT_FALSE(answer(stops, 5'000'000));
 }
 
 TEST(ViewWords, AreTheTextsOnOneLineAndOfBoundedLength) {

@@ -53,5 +53,13 @@ echo "other:x:$(($(id -u) + 1)):0::/:/bin/sh" > other
 
 wrapped "$orvel" render -o no/such/folder/a.png 2> error.txt && fail "an unwritable file passes"
 [ "$(wc -l < error.txt)" = 1 ] || fail "not one line: $(cat error.txt)"
+
+# Without the drawing libraries a picture fails, and all else works.
+rm usr/lib*/orvel/orvel-renderer.so usr/lib/*/orvel/orvel-renderer.so 2> /dev/null || true
+wrapped "$orvel" render -o none.png 2> error.txt && fail "it draws without a renderer"
+grep -q "can't draw: orvel-renderer.so" error.txt || fail "the renderer isn't named: $(cat error.txt)"
+[ "$(wc -l < error.txt)" = 1 ] || fail "not one line: $(cat error.txt)"
+[ "$(wrapped "$orvel" list --ids | tr '\n' ' ')" = "A B " ] || fail "listing needs a renderer"
+
 [ -z "$(find . -name '*.tmp-*')" ] || fail "a temporary file is left"
 echo "from store to picture: all well"

@@ -8,8 +8,7 @@
 #include "model/widget_store.h"
 #include "platform/foundation/posix_files.h"
 #include "platform/host/card.h"
-#include "platform/render/pango_text_engine.h"
-#include "platform/render/picture.h"
+#include "platform/render/cairo_renderer.h"
 #include "tests/foundation/files_fixture.h"
 #include "tests/support/fakes.h"
 #include "widget/orvel_widget.h"
@@ -20,16 +19,14 @@ namespace {
 using Pixels = std::vector<unsigned char>;
 
 Pixels drawn(const View& view, WidgetFamily family) {
-    PangoTextEngine text;
-    Painter painter;
+    const auto renderer = makeCairoRenderer();
     const KeysThemselves localizer;
-    const auto hasSymbol = [&](std::string_view name) { return painter.symbols().contains(name); };
-    const Scene scene = cardScene(view, family, {text, localizer}, hasSymbol);
+    const Scene scene = cardScene(view, family, {renderer->text(), localizer}, renderer->symbols());
     const int width = static_cast<int>(scene.size.width);
     const int height = static_cast<int>(scene.size.height);
     Pixels pixels(static_cast<std::size_t>(width * height * 4));
     EXPECT_TRUE(
-        paint({scene.size, cornerRadius, {{{0, 0}, scene}}}, {pixels.data(), width, height, width * 4, 1.0}, painter));
+        renderer->paint({scene.size, cornerRadius, {{{0, 0}, scene}}}, {pixels.data(), width, height, width * 4, 1.0}));
     return pixels;
 }
 

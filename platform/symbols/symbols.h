@@ -7,20 +7,16 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/render/symbol_outline.h"
+#include "platform/ui/symbol_set.h"
 
 namespace orvel {
 
-class Symbols {
+class Symbols final : public SymbolSet {
 public:
     Symbols();
-    ~Symbols();
+    ~Symbols() override;
 
-    /// Names are data from anywhere: whatever isn't a name of the set is just not in it.
-    bool contains(std::string_view name) const { return outline(name) != nullptr; }
-
-    /// The outline, or null. It lasts until the next call; an object belongs to one thread.
-    const SymbolOutline* outline(std::string_view name) const;
+    const SymbolOutline* outline(std::string_view name) const override;
 
     /// Every name that can be drawn, in alphabetical order.
     std::vector<std::string> names() const;

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/render/name_table.h"
+#include "platform/symbols/name_table.h"
 
 namespace orvel::symbol_data {
 

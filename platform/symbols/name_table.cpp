@@ -1,4 +1,4 @@
-#include "platform/render/name_table.h"
+#include "platform/symbols/name_table.h"
 
 namespace orvel {
 namespace {

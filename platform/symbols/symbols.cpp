@@ -1,15 +1,16 @@
 // Most symbols are glyphs of the first icon font, named like them with "_" for ".". Tables add the names that it spells
 // otherwise, icons of a second font, and symbols in a circle or a square.
-#include "platform/render/symbols.h"
+#include "platform/symbols/symbols.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <map>
 
-#include "platform/render/icon_font.h"
-#include "platform/render/nearest_name.h"
-#include "platform/render/symbol_data.h"
+#include "platform/symbols/enclosed.h"
+#include "platform/symbols/icon_font.h"
+#include "platform/symbols/nearest_name.h"
+#include "platform/symbols/symbol_data.h"
 
 namespace orvel {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/render/symbols.h"
+#include "platform/symbols/symbols.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <cmath>
 #include <functional>
 
-#include "platform/render/symbol_data.h"
+#include "platform/symbols/symbol_data.h"
 
 namespace orvel {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/render/symbol_data.h"
+#include "platform/symbols/symbol_data.h"
 
 // In symbol_data.S.
 extern "C" const char orvelFirstFont[], orvelFirstFontEnd[];

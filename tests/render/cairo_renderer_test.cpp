@@ -1,4 +1,4 @@
-#include "platform/render/picture.h"
+#include "platform/render/cairo_renderer.h"
 
 #include <cairo.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,6 @@
 #include <set>
 
 #include "platform/host/card.h"
-#include "platform/render/pango_text_engine.h"
 
 namespace orvel {
 namespace {
@@ -17,14 +16,12 @@ namespace {
 using H = HorizontalAlignment;
 
 struct Studio {
-    PangoTextEngine text;
+    std::unique_ptr<Renderer> renderer = makeCairoRenderer();
     KeysThemselves localizer;
-    Painter painter;
 
     Scene scene(const View& view) {
-        const auto drawn = [&](std::string_view name) { return painter.symbols().contains(name); };
         return cardScene(view.containerBackground({0, 0, 1}, ContainerBackgroundPlacement::widget),
-                         WidgetFamily::systemSmall, {text, localizer}, drawn);
+                         WidgetFamily::systemSmall, {renderer->text(), localizer}, renderer->symbols());
     }
     Picture picture(const View& view) {
         Scene drawn = scene(view);
@@ -72,7 +69,7 @@ View ring(double progress) {
 TEST(Picture, PaintsTheCardsShapeAtEveryScale) {
     Studio studio;
     for (const double scale : {1.0, 1.5, 2.0, 8.0}) {
-        const Pixels pixels(*png(studio.picture(ring(0.25)), scale, studio.painter));
+        const Pixels pixels(*studio.renderer->png(studio.picture(ring(0.25)), scale));
         const auto px = [&](double points) { return static_cast<int>(points * scale); };
         ASSERT_EQ(pixels.width(), std::lround(170 * scale));
         ASSERT_EQ(pixels.height(), std::lround(170 * scale));
@@ -94,7 +91,7 @@ TEST(Picture, PaintsTheCardsShapeAtEveryScale) {
 TEST(Picture, CutsWhatLeavesTheShape) {
     Studio studio;
     const View large = Circle().fill(Color{1, 0, 0}).frame(FixedFrame{.width = 400, .height = 400});
-    const Pixels pixels(*png(studio.picture(large), 1, studio.painter));
+    const Pixels pixels(*studio.renderer->png(studio.picture(large), 1));
     EXPECT_EQ(pixels.at(0, 0), 0u);
     EXPECT_EQ(pixels.at(7, 7), 0xFFFF0000);
 }
@@ -118,7 +115,7 @@ TEST(Picture, DrawsTextWhereTheLayoutPutIt) {
     const Scene scene = studio.scene(text);
     const auto& mark = scene.marks.at(0);
     for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
-        const Rect box = ink(Pixels(*png(studio.picture(text), scale, studio.painter)), scale);
+        const Rect box = ink(Pixels(*studio.renderer->png(studio.picture(text), scale)), scale);
         EXPECT_NEAR(box.origin.y + box.size.height, std::get<TextMark>(mark.content).baseline, 1 / scale + 0.1);
         EXPECT_NEAR(box.size.height, 0.727 * 34, 1.5 / scale) << "capital letters' height";
         EXPECT_GT(box.origin.x, mark.frame.origin.x);
@@ -129,7 +126,7 @@ TEST(Picture, DrawsTextWhereTheLayoutPutIt) {
 TEST(Picture, DrawsColourGlyphsSymbolsAndBoxesForWhatNoFontHas) {
     Studio studio;
     const auto large = [&](const View& view) {
-        return Pixels(*png(studio.picture(view.font(Font::system(60))), 1, studio.painter));
+        return Pixels(*studio.renderer->png(studio.picture(view.font(Font::system(60))), 1));
     };
     std::set<std::uint32_t> colors;
     const Pixels emoji = large(Text("🥑"));
@@ -147,8 +144,8 @@ TEST(Picture, DrawsColourGlyphsSymbolsAndBoxesForWhatNoFontHas) {
 TEST(Picture, TurnsTextAndKeepsItInside) {
     Studio studio;
     const View text = Text("HHHH").font(Font::system(20, Font::Weight::heavy));
-    const Rect level = ink(Pixels(*png(studio.picture(text), 2, studio.painter)), 2);
-    const Rect upright = ink(Pixels(*png(studio.picture(text.rotationEffect({90})), 2, studio.painter)), 2);
+    const Rect level = ink(Pixels(*studio.renderer->png(studio.picture(text), 2)), 2);
+    const Rect upright = ink(Pixels(*studio.renderer->png(studio.picture(text.rotationEffect({90})), 2)), 2);
     EXPECT_NEAR(upright.size.height, level.size.width, 1.5);
     EXPECT_NEAR(upright.size.width, level.size.height, 1.5);
 }

@@ -1,4 +1,4 @@
-#include "platform/render/icon_font.h"
+#include "platform/symbols/icon_font.h"
 
 #include <ft2build.h>
 #include FT_FREETYPE_H

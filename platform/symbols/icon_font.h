@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/render/symbol_outline.h"
+#include "platform/ui/symbol_set.h"
 
 namespace orvel {
 

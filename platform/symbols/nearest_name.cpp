@@ -1,4 +1,4 @@
-#include "platform/render/nearest_name.h"
+#include "platform/symbols/nearest_name.h"
 
 #include <algorithm>
 

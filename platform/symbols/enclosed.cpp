@@ -1,4 +1,4 @@
-#include "platform/render/symbol_outline.h"
+#include "platform/symbols/enclosed.h"
 
 #include <algorithm>
 

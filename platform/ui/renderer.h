@@ -1,0 +1,52 @@
+// What the system asks of its drawing libraries: lines of text to lay out, and pictures of scenes.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/foundation/date.h"
+#include "platform/foundation/pixel_buffer.h"
+#include "platform/foundation/result.h"
+#include "platform/ui/scene.h"
+
+namespace orvel {
+
+/// One or more cards on a sheet, in points.
+struct Picture {
+    struct Card {
+        Point origin;
+        Scene scene;
+    };
+    Size size;
+    double cornerRadius = 0;  ///< of every card
+    std::vector<Card> cards;
+};
+
+/// Why there are no bytes, in the words of the drawing library.
+struct PictureFailure {
+    std::string reason;
+};
+
+/// Same scenes, same bytes. A renderer keeps what drawing again can use; it belongs to one thread.
+class Renderer {
+public:
+    virtual ~Renderer() = default;
+
+    /// What the scenes that this renderer draws are made with.
+    virtual TextEngine& text() = 0;
+    virtual const SymbolSet& symbols() const = 0;
+
+    /// Draws over what the pixels are, at their scale. False when memory runs out.
+    virtual bool paint(const Picture& picture, const PixelBuffer& pixels) = 0;
+
+    /// 32-bit RGBA; `scale` pixels to the point, sides rounded to whole pixels. Transparent outside the cards.
+    virtual Result<std::string, PictureFailure> png(const Picture& picture, double scale) = 0;
+
+    /// Sizes in points; outlines for glyphs.
+    virtual Result<std::string, PictureFailure> svg(const Picture& picture) = 0;
+
+    /// Sizes in points; text can be selected. The date is the document's creation date.
+    virtual Result<std::string, PictureFailure> pdf(const Picture& picture, Date created) = 0;
+};
+
+}  // namespace orvel
