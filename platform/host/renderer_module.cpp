@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include <system_error>
 #include <thread>
 
 namespace orvel {
@@ -11,12 +12,16 @@ namespace {
 constexpr const char* moduleFile = "orvel-renderer.so";
 
 // One of the module's libraries takes as long to read its configuration as all of them take to load, and can do it
-// meanwhile. Without it the module says what is missing.
+// meanwhile. When that can't be had, it reads it later.
 std::jthread startFontConfiguration() {
     void* const library = ::dlopen("libfontconfig.so.1", RTLD_LAZY | RTLD_LOCAL);
     void* const function = library ? ::dlsym(library, "FcInit") : nullptr;
     if (!function) return {};
-    return std::jthread(reinterpret_cast<int (*)()>(function));
+    try {
+        return std::jthread(reinterpret_cast<int (*)()>(function));
+    } catch (const std::system_error&) {
+        return {};
+    }
 }
 
 }  // namespace
