@@ -27,9 +27,10 @@ void Provider::getSnapshot(const TimelineProviderContext&, FunctionRef<void(Widg
 
 void Provider::getTimeline(const TimelineProviderContext&, FunctionRef<void(Timeline<WidgetEntry>)> completion,
                            const Platform& platform) const {
-    WidgetEntry entry = currentEntry(platform);
+    std::vector<WidgetEntry> entries;
+    entries.push_back(currentEntry(platform));
     const Date reload = platform.clock.now().addingTimeInterval(reloadInterval);
-    completion({{std::move(entry)}, TimelineReloadPolicy::after(reload)});
+    completion({std::move(entries), TimelineReloadPolicy::after(reload)});
 }
 
 }  // namespace orvel

@@ -28,7 +28,8 @@ bool isAscii(std::string_view text) {
 }
 
 bool isWhitespace(ucs4_t character) {
-    return character == '\t' || uc_is_general_category(character, UC_SPACE_SEPARATOR);
+    if (character < 0x80) return character == ' ' || character == '\t';
+    return uc_is_general_category(character, UC_SPACE_SEPARATOR);
 }
 
 // The first boundary inside the text that is `enough`, told its position and how many clusters lie before it; or the
