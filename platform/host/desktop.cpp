@@ -110,11 +110,12 @@ private:
             const auto drawing = std::exchange(drawing_, std::nullopt);
             return drawing && drawing->send(&pixels, sizeof pixels) && drawing->receive(pixels.bytes, size(pixels));
         };
-        drawn_ = answered();
-        if (!drawn_) {  // none was prepared, or it has waited for too long
-            drawing_ = startDrawing();
+        if (drawing_) {
             drawn_ = answered();
+            if (drawn_) return true;  // else it may have waited for too long
         }
+        drawing_ = startDrawing();
+        drawn_ = answered();
         return drawn_;
     }
 
