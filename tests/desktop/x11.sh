@@ -92,6 +92,16 @@ xdotool mousemove $((x + 85)) $((y + 85))
 [ "$(xdotool getmouselocation --shell | sed -n 's/^WINDOW=//p')" != "$(window)" ] || fail "it takes clicks"
 endsWhenAsked
 
+step "without the drawing libraries"
+mkdir -p "$work/alone/bin"
+cp "$build/orvel-widget" "$work/alone/bin"
+start "$work/alone/bin/orvel-widget"
+eventually is _NET_WM_NAME '"*another*"'
+put "words"
+eventually is _NET_WM_NAME '"*words*"'
+kill "$widget"
+exits 0 1  # said once
+
 step "the server goes away"
 start
 become metric put metric
