@@ -3,7 +3,7 @@
 # Usage: x11.sh BUILD_FOLDER
 build=$(cd "$1" && pwd)
 . "$(dirname "$0")/desktop.sh"
-need Xvfb import xsetroot xrdb xrandr xprop xwininfo xdotool openbox picom
+need Xvfb import xsetroot xrdb xrandr xprop xwininfo xdotool pkill openbox picom
 
 takePicture() { import -silent -window root -depth 8 "$work/shot.ppm"; }
 dpi() { echo "Xft.dpi: $1" | xrdb -merge; }
@@ -102,9 +102,15 @@ eventually is _NET_WM_NAME '"*words*"'
 kill "$widget"
 exits 0 1  # said once
 
-step "the server goes away"
+step "started without a monitor, and what it had prepared has gone"
+xrandr --output screen --off 2> /dev/null || true
 start
-become metric put metric
+eventually pkill -KILL -P $widget
+mode 640x480
+expect words
+shows words
+
+step "the server goes away"
 kill $server
 exits 1 1
 echo "the card on X11: all well"

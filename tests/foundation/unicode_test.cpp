@@ -5,28 +5,9 @@
 namespace orvel::unicode {
 namespace {
 
-TEST(Unicode, UppercasesByTheFullLocaleIndependentMapping) {
-    const std::pair<const char*, const char*> cases[] = {{"abc z{`", "ABC Z{`"},
-                                                         {"straße", "STRASSE"},
-                                                         {"ŉ", "ʼN"},
-                                                         {"ﬀ ﬁ", "FF FI"},
-                                                         {"\u0390", "\u0399\u0308\u0301"},
-                                                         {"σς", "ΣΣ"},
-                                                         {"iı", "II"},
-                                                         {"ẞ", "ẞ"},
-                                                         {"ა", "Ა"},
-                                                         {"買い物 🥑 12", "買い物 🥑 12"},
-                                                         {"bad \xFF x", "bad \xFF x"}};
-    for (const auto& [text, upper] : cases) EXPECT_EQ(uppercased(text), upper);
-}
-
-TEST(Unicode, ComparesByCanonicalEquivalence) {
-    EXPECT_TRUE(canonicallyEquivalent("é", "e\u0301"));
-    EXPECT_TRUE(canonicallyEquivalent("Å", "Å"));
-    EXPECT_TRUE(canonicallyEquivalent("q\u0307\u0323", "q\u0323\u0307")) << "marks of other classes in any order";
-    EXPECT_FALSE(canonicallyEquivalent("ﬁ", "fi")) << "compatibility isn't equivalence";
-    EXPECT_FALSE(canonicallyEquivalent("a", "b"));
-    EXPECT_FALSE(canonicallyEquivalent("é", "e"));
+// What well-formed texts become, tests/oracle asks of all code points.
+TEST(Unicode, LeavesIllFormedTextsAsTheyAre) {
+    EXPECT_EQ(uppercased("bad \xFF x"), "bad \xFF x");
     for (const auto& [a, b] : {std::pair("\xFF", "\xFE"), std::pair("é", "\xFF")})
         EXPECT_FALSE(canonicallyEquivalent(a, b));
     EXPECT_EQ(decomposed("é\xFF"), "é\xFF");
