@@ -37,7 +37,7 @@ private:
     OneText files_;
     FixedClock clock_{Date{0}};
     test::FakeAccounts accounts_;
-    test::TableZone zone_{std::chrono::seconds(0)};
+    test::FixedZone zone_{std::chrono::seconds(0)};
     test::CountingIdentities identities_;
     Platform platform_{clock_, files_, accounts_, zone_, identities_};
 };

@@ -62,7 +62,7 @@ private:
     }
 
     void addOptionalMembers(WidgetSpec::Kind kind) {
-        using enum WidgetSpec::Kind;
+        using enum WidgetKind;
         if (kind == metric || kind == note) writer_.key("primary").string(one(headlines));
         if (kind == progress) writer_.key("progress").number(static_cast<double>(below(1001)) / 1000);
         if (kind == countdown) writer_.key("targetISO8601").string(iso8601::format(instant()));

@@ -22,7 +22,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION x11)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS fonts-inter)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, fonts-noto-color-emoji, fonts-noto-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, fonts-noto-color-emoji, fonts-noto-core, libicu${ORVEL_ICU_VERSION}")
 string(CONCAT CPACK_COMPONENT_PROGRAM_DESCRIPTION
   "Turns a small saved design, such as a number, a ring, a short list, a note or\n"
   "a countdown, into a card on the desktop, on Wayland and X11.\n"

@@ -9,7 +9,13 @@ install(TARGETS orvel_model orvel_foundation EXPORT OrvelTargets ARCHIVE COMPONE
 install(EXPORT OrvelTargets NAMESPACE Orvel:: DESTINATION ${package} COMPONENT development)
 
 install(
-  FILES model/store_files.h model/widget_spec.h model/widget_spec_json.h model/widget_store.h
+  FILES
+    model/store_files.h
+    model/widget_fields.h
+    model/widget_kind.h
+    model/widget_spec.h
+    model/widget_spec_json.h
+    model/widget_store.h
   DESTINATION ${ORVEL_HEADERS}/model
   COMPONENT development)
 install(
@@ -22,6 +28,7 @@ install(
     platform/foundation/json_writer.h
     platform/foundation/platform.h
     platform/foundation/result.h
+    platform/foundation/text_position.h
     platform/foundation/time_zone.h
   DESTINATION ${ORVEL_HEADERS}/platform/foundation
   COMPONENT development)

@@ -1,18 +1,16 @@
-# The renderer as a module that programs load when they draw. They find it by their run path: beside themselves where
-# they are built, and in a folder of this project's own where they are installed.
+# The renderer as a module that programs load when they draw: from beside themselves where they are built, and from a
+# folder of this project's own where they are installed. They know both by themselves, so no program or library has a
+# run path.
 
 set(ORVEL_MODULES ${CMAKE_INSTALL_LIBDIR}/orvel)
-set(CMAKE_BUILD_RPATH $ORIGIN $ORIGIN/..)
-set(CMAKE_INSTALL_RPATH $ORIGIN/../${ORVEL_MODULES})
+set(CMAKE_SKIP_RPATH ON)
 
-# The floors are part of programs and of the module alike. Nothing of theirs is visible but the module's one function.
+# The layers are part of programs and of the module alike. Nothing of theirs is visible but the module's one function.
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
-function(orvel_renderer_module)
-  add_library(orvel-renderer MODULE platform/render/module.cpp)
-  set_target_properties(orvel-renderer PROPERTIES PREFIX "" INSTALL_RPATH "")
-  target_link_libraries(orvel-renderer PRIVATE orvel_render)
-  orvel_compile_options(orvel-renderer)
+# For programs that are built in another folder than the module and draw.
+function(orvel_renderer_beside)
+  file(CREATE_LINK ${CMAKE_BINARY_DIR}/orvel-renderer.so ${CMAKE_CURRENT_BINARY_DIR}/orvel-renderer.so SYMBOLIC)
 endfunction()

@@ -7,9 +7,9 @@ install(PROGRAMS session/start-card DESTINATION libexec/orvel)
 # "share" below /usr, /usr/local and ~/.local alike; in "lib" it wouldn't find those of ~/.local.
 install(CODE "set(orvel_session \"${CMAKE_SOURCE_DIR}/session\")\nset(orvel_made \"${CMAKE_BINARY_DIR}/session\")")
 install(CODE [[
-  set(widget ${CMAKE_INSTALL_PREFIX}/bin/orvel-widget)
-  string(REPLACE "%" "%%" widget_for_unit "${widget}")
-  string(REPLACE "\\" "\\\\" widget_for_try_exec "${widget}")
+  set(orvel ${CMAKE_INSTALL_PREFIX}/bin/orvel)
+  string(REPLACE "%" "%%" orvel_for_unit "${orvel}")
+  string(REPLACE "\\" "\\\\" orvel_for_try_exec "${orvel}")
   # An argument in quotation marks, and then that as a text of the file, where each backslash is written twice.
   string(REGEX REPLACE "([\"`$\\])" "\\\\\\1" start_for_exec "${CMAKE_INSTALL_PREFIX}/libexec/orvel/start-card")
   string(REPLACE "%" "%%" start_for_exec "${start_for_exec}")

@@ -16,6 +16,9 @@ function(orvel_embed_symbols target)
     SECOND_CODES ${codes}
     RESPELLED ${names}/respelled.txt
     SECOND_SET ${names}/second_set.txt
+    DRAWN ${names}/drawn.txt
+    COMPOSED ${names}/composed.txt
+    SYNONYMS ${names}/synonyms.txt
     ENCLOSABLE ${names}/enclosable.txt)
 
   add_custom_command(

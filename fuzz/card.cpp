@@ -16,34 +16,24 @@ using namespace orvel;
 
 namespace {
 
-std::string utf8(std::uint32_t point) {
-    const auto tail = [&](int shift) { return static_cast<char>(0x80 | (point >> shift & 0x3F)); };
-    if (point < 0x80) return {static_cast<char>(point)};
-    if (point < 0x800) return {static_cast<char>(0xC0 | point >> 6), tail(0)};
-    if (point < 0x10000) return {static_cast<char>(0xE0 | point >> 12), tail(6), tail(0)};
-    return {static_cast<char>(0xF0 | point >> 18), tail(12), tail(6), tail(0)};
-}
-
-// Pieces of many scripts, marks, controls and formatting characters, bytes that aren't UTF-8, and repetitions.
+// Pieces of many scripts, marks, joiners, controls, directions, bytes that aren't UTF-8, and repetitions.
 std::string text(FuzzedDataProvider& bytes) {
-    static constexpr std::array<std::uint32_t, 24> blocks{
-        0x00,   0x80,   0x250,  0x300,  0x400,  0x590,  0x600,  0x900,  0xB80,  0xE00,  0xF00,   0x1000,
-        0x1100, 0x1780, 0x1E00, 0x2000, 0x4E00, 0xAC00, 0xD7B0, 0xFB00, 0xFE00, 0xFF00, 0x1F300, 0xE0000};
+    static constexpr std::array pieces{
+        "word",   " ",      "\n",     "\t",     "\r\n",       "\x1B",       "\u00AD", "\u00A0",   "\u0301",
+        "\u0345", "ß",      "Ω",      "Ж",      "א",          "\u05B8",     "خبز",    "\u0640",   "नि",
+        "\u094D", "நி",     "ไทย",    "\u0F71", "ကြ",         "\u1100",     "\u1161", "각",       "ខ្មែ",
+        "\u200B", "\u200D", "\u202E", "\u2028", "\u2066",     "牛乳",       "\uFB01", "\uFE0F",   "ｱ",
+        "🥑",   "👩",      "🏽",   "🇩",      "\U000E0061", "\U0010FFFD", "\xFF",   "\xE2\x82", "\xED\xA0\x80"};
     std::string made;
     std::string last;
-    for (int pieces = bytes.ConsumeIntegralInRange(0, 24); pieces > 0; --pieces) {
-        const auto choice = bytes.ConsumeIntegral<std::uint8_t>();
-        const auto detail = bytes.ConsumeIntegral<std::uint8_t>();
-        if (choice % 32 < blocks.size())
-            last = utf8(blocks[choice % 32] + detail);
-        else if (choice % 32 == 31)
-            last = std::string(1, static_cast<char>(detail));
-        else if (choice % 32 == 30)
-            last = utf8(0x1F1E6 + detail % 26);
-        else if (choice % 32 == 29)
-            for (int i = 0; i < detail; ++i) made += last;
-        else
+    for (int count = bytes.ConsumeIntegralInRange(0, 24); count > 0; --count) {
+        const auto choice = bytes.ConsumeIntegralInRange<std::size_t>(0, pieces.size() + 1);
+        if (choice < pieces.size())
+            last = pieces[choice];
+        else if (choice == pieces.size())
             last = bytes.ConsumeRandomLengthString(16);
+        else
+            for (int i = bytes.ConsumeIntegral<std::uint8_t>(); i > 0; --i) made += last;
         made += last;
     }
     return made;

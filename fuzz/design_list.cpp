@@ -17,7 +17,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         fuzz::expect(inList && inList->size() == 1, "what reads alone reads in a list");
 
     if (!specs) {
-        fuzz::expect(specs.failure().offset <= size, "a failure lies within the text");
+        fuzz::expect(specs.failure().position.offset <= size, "a failure lies within the text");
         fuzz::expect(!specs.failure().message().empty(), "a failure has a reason");
         return 0;
     }

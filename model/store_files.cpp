@@ -3,8 +3,6 @@
 #include <new>
 #include <utility>
 
-#include "model/widget_store.h"
-
 namespace orvel {
 namespace {
 
@@ -25,10 +23,12 @@ auto readAs(const std::filesystem::path& file, Decode decode, const Platform& pl
     return StoreFailure{file, outOfMemory()};
 }
 
-Result<Done, StoreFailure> write(const std::filesystem::path& file, const std::string& json, const Platform& platform) {
-    const auto written = platform.files.replace(file, json);
-    if (!written) return StoreFailure{file, written.failure()};
-    return Done{};
+Result<Written, StoreFailure> write(const std::filesystem::path& file, const std::string& json,
+                                    const Platform& platform) {
+    const auto replaced = platform.files.replace(file, json);
+    if (!replaced) return StoreFailure{file, replaced.failure()};
+    if (replaced->unsynced) return Written{StoreFailure{file, *replaced->unsynced}};
+    return Written{};
 }
 
 }  // namespace
@@ -38,28 +38,41 @@ bool StoreFailure::isMissing() const {
     return failure && failure->code == std::errc::no_such_file_or_directory;
 }
 
+bool StoreFailure::isInvalid() const {
+    return std::holds_alternative<DecodingFailure>(reason);
+}
+
 std::string StoreFailure::message() const {
     std::string why = "a progress that isn't finite, or a text that isn't valid UTF-8, can't be stored";
     if (const auto* failure = std::get_if<FileFailure>(&reason)) why = failure->message();
-    if (const auto* failure = std::get_if<DecodingFailure>(&reason)) why = failure->message();
+    if (const auto* failure = std::get_if<DecodingFailure>(&reason))
+        return file.string() + ":" + failure->position.text() + ": " + failure->message();
     return file.string() + ": " + why;
 }
 
 namespace StoreFiles {
 
+std::filesystem::path folder(const Platform& platform) {
+    // The slash at the end says that it is a folder.
+    const std::filesystem::path home = homeDirectory(platform.accounts);
+    std::filesystem::path folder = home / "Library/Application Support/Orvel/";
+    (void)platform.files.createFolders(folder);
+    return folder;
+}
+
 std::filesystem::path list(const Platform& platform) {
-    return WidgetStore::dir(platform) / "widgets.json";
+    return folder(platform) / "widgets.json";
 }
 
 std::filesystem::path pending(const Platform& platform) {
-    return WidgetStore::dir(platform) / "widget_pending.json";
+    return folder(platform) / "widget_pending.json";
 }
 
 Result<std::vector<WidgetSpec>, StoreFailure> readList(const Platform& platform) {
     return readAs(list(platform), WidgetSpecJSON::decodeList, platform);
 }
 
-Result<Done, StoreFailure> writeList(const std::vector<WidgetSpec>& specs, const Platform& platform) {
+Result<Written, StoreFailure> writeList(const std::vector<WidgetSpec>& specs, const Platform& platform) {
     const auto json = WidgetSpecJSON::encodeList(specs);
     if (!json) return StoreFailure{"widgets.json", EncodingFailure{}};
     return write(list(platform), *json, platform);
@@ -69,18 +82,22 @@ Result<WidgetSpec, StoreFailure> readPending(const Platform& platform) {
     return readAs(pending(platform), WidgetSpecJSON::decode, platform);
 }
 
-Result<Done, StoreFailure> writePending(const WidgetSpec& spec, const Platform& platform) {
-    const auto file = pending(platform);
+Result<Written, StoreFailure> writePending(const WidgetSpec& spec, const Platform& platform) {
     const auto json = WidgetSpecJSON::encode(spec);
-    if (!json) return StoreFailure{file, EncodingFailure{}};
-    return write(file, *json, platform);
+    if (!json) return StoreFailure{"widget_pending.json", EncodingFailure{}};
+    return write(pending(platform), *json, platform);
 }
 
-Result<Done, StoreFailure> removePending(const Platform& platform) {
+Result<Written, StoreFailure> removePending(const Platform& platform) {
+    return replacePending(std::nullopt, platform);
+}
+
+Result<Written, StoreFailure> replacePending(const std::optional<WidgetSpec>& spec, const Platform& platform) {
     const auto file = pending(platform);
+    if (const auto json = spec ? WidgetSpecJSON::encode(*spec) : std::nullopt) return write(file, *json, platform);
     const auto removed = platform.files.remove(file);
     if (!removed) return StoreFailure{file, removed.failure()};
-    return Done{};
+    return Written{};
 }
 
 }  // namespace StoreFiles

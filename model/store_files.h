@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -23,25 +24,40 @@ struct StoreFailure {
 
     /// Whether the file isn't there at all.
     bool isMissing() const;
-    /// One line: the file and what is wrong with it.
+    /// Whether the file was read whole and holds something else than designs. Any other failure may be gone at the next
+    /// try, and says nothing of the file.
+    bool isInvalid() const;
+    /// One line: the file, where in it, and what is wrong there.
     std::string message() const;
+};
+
+/// The file has its new content.
+struct Written {
+    /// Why a loss of power may yet bring the old content back, when it may.
+    std::optional<StoreFailure> unsynced = {};
 };
 
 namespace StoreFiles {
 
-/// The list of designs. The folder is resolved, and created when missing, as at every call here.
+/// The store's folder, below the home directory of the process's real user. It is created when missing, as at every
+/// call here; whether that succeeded doesn't show.
+std::filesystem::path folder(const Platform& platform);
+
+/// The list of designs.
 std::filesystem::path list(const Platform& platform);
 /// The one pending design.
 std::filesystem::path pending(const Platform& platform);
 
 Result<std::vector<WidgetSpec>, StoreFailure> readList(const Platform& platform);
 /// Encodes first: of a list that can't be written nothing is touched, and the folder is not resolved.
-Result<Done, StoreFailure> writeList(const std::vector<WidgetSpec>& specs, const Platform& platform);
+Result<Written, StoreFailure> writeList(const std::vector<WidgetSpec>& specs, const Platform& platform);
 
 Result<WidgetSpec, StoreFailure> readPending(const Platform& platform);
-Result<Done, StoreFailure> writePending(const WidgetSpec& spec, const Platform& platform);
+Result<Written, StoreFailure> writePending(const WidgetSpec& spec, const Platform& platform);
 /// A missing file is a failure.
-Result<Done, StoreFailure> removePending(const Platform& platform);
+Result<Written, StoreFailure> removePending(const Platform& platform);
+/// Writes the design, or removes the file when there is none or when it can't be encoded.
+Result<Written, StoreFailure> replacePending(const std::optional<WidgetSpec>& spec, const Platform& platform);
 
 }  // namespace StoreFiles
 }  // namespace orvel

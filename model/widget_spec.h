@@ -1,23 +1,21 @@
-// One widget design: a plain record of eleven fields, identified by `id`. Every field may be read and written; only the
-// constructor normalises.
+// One widget design: a plain record, identified by `id`. Every field may be read and written; only the constructor
+// normalises. The table in widget_fields.h has a row for each field.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "model/widget_kind.h"
 #include "platform/foundation/date.h"
 #include "platform/foundation/platform.h"
 
 namespace orvel {
 
 struct WidgetSpec {
-    enum class Kind : std::uint8_t { metric, progress, list, note, countdown };
+    using Kind = WidgetKind;
 
-    static constexpr std::array allCases{Kind::metric, Kind::progress, Kind::list, Kind::note, Kind::countdown};
+    static constexpr auto allCases = allWidgetKinds;
 
     /// The constructor's arguments, in field order. `title` and `kind` must be given; an absent `id` becomes a fresh
     /// random UUID and an absent `createdAt` the current instant.
@@ -51,12 +49,6 @@ struct WidgetSpec {
     std::optional<std::string> targetISO8601;
     Date createdAt;
 };
-
-/// The kind's name, which is also its JSON form.
-std::string_view rawValue(WidgetSpec::Kind kind);
-
-/// The kind of exactly that name; absent for any other text.
-std::optional<WidgetSpec::Kind> kindFromRawValue(std::string_view text);
 
 /// All eleven fields are equal; texts by canonical equivalence, numbers as numbers.
 bool operator==(const WidgetSpec& a, const WidgetSpec& b);

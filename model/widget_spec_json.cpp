@@ -1,130 +1,151 @@
 #include "model/widget_spec_json.h"
 
-#include <array>
-#include <span>
+#include <algorithm>
+#include <iterator>
+#include <limits>
 #include <string_view>
 #include <utility>
 
+#include "model/widget_fields.h"
 #include "platform/foundation/json_reader.h"
+#include "platform/foundation/nearest_word.h"
+#include "platform/foundation/text_list.h"
 
 namespace orvel {
 namespace {
 
 using Reason = DecodingFailure::Reason;
 
-enum CodingKeys {
-    id,
-    title,
-    kind,
-    accentHex,
-    symbol,
-    primary,
-    secondary,
-    items,
-    progress,
-    targetISO8601,
-    createdAt,
-    count
+struct Fault {
+    Reason reason;
+    std::string detail = {};
 };
 
-constexpr std::array<std::string_view, CodingKeys::count> names{"id",       "title",         "kind",      "accentHex",
-                                                                "symbol",   "primary",       "secondary", "items",
-                                                                "progress", "targetISO8601", "createdAt"};
-constexpr std::array requiredOfAPerson{CodingKeys::title, CodingKeys::kind};
-constexpr std::array requiredKeys{CodingKeys::id,        CodingKeys::title,  CodingKeys::kind,
-                                  CodingKeys::accentHex, CodingKeys::symbol, CodingKeys::createdAt};
+Fault mismatch(const json::Value& value, std::string_view wanted) {
+    const bool isNull = value.kind() == json::Kind::null;
+    return {isNull ? Reason::valueNotFound : Reason::typeMismatch,
+            std::string(name(value.kind())) + "; " + std::string(wanted) + " is wanted"};
+}
 
+// Each reads one value into a field. Absent: done, or the syntax is bad, which the reader tells by itself.
+using WhyNot = std::optional<Fault>;
+
+WhyNot read(json::Value& value, std::string& field) {
+    if (value.kind() != json::Kind::string) return mismatch(value, "a string");
+    if (const auto string = value.string()) field = *string;
+    return std::nullopt;
+}
+
+WhyNot read(json::Value& value, double& field) {
+    if (value.kind() != json::Kind::number) return mismatch(value, "a number");
+    if (const auto number = value.number()) field = *number;
+    return std::nullopt;
+}
+
+WhyNot read(json::Value& value, Date& field) {
+    return read(value, field.timeIntervalSinceReferenceDate);
+}
+
+WhyNot read(json::Value& value, WidgetSpec::Kind& field) {
+    if (value.kind() != json::Kind::string) return mismatch(value, "a string");
+    const auto string = value.string();
+    if (!string) return std::nullopt;
+    const auto known = kindFromRawValue(*string);
+    if (!known) return Fault{Reason::unknownKind, didYouMean(*string, kindNames())};
+    field = *known;
+    return std::nullopt;
+}
+
+WhyNot read(json::Value& value, std::vector<std::string>& field) {
+    if (value.kind() != json::Kind::array) return mismatch(value, "an array of strings");
+    WhyNot whyNot;
+    value.elements([&](json::Value& element) {
+        auto fault = read(element, field.emplace_back());
+        if (fault && !whyNot) whyNot = Fault{fault->reason, "an array with " + fault->detail};
+        return true;
+    });
+    return whyNot;
+}
+
+template <class Value>
+WhyNot read(json::Value& value, std::optional<Value>& field) {
+    if (value.kind() == json::Kind::null) return std::nullopt;
+    return read(value, field.emplace());
+}
+
+DecodingFailure decodingFailure(Fault fault, std::string key, const json::Value& value) {
+    return {fault.reason, std::move(key), std::nullopt, value.position(), std::move(fault.detail)};
+}
+
+// Decodes records, one after the other, into a WidgetSpec or into the constructor's arguments. A record is read to its
+// end; of several faults the one in the first field is told, in the order in which the fields are judged.
+template <class Record>
 class RecordDecoder {
 public:
-    explicit RecordDecoder(std::span<const CodingKeys> required = requiredKeys) : required_(required) {}
-
-    // Whether the record decoded last had that member.
-    bool has(CodingKeys key) const { return (seen_ & 1U << key) != 0; }
-
-    // Fills `spec`; false when the record is no design, and `failure` then says why unless the syntax is bad.
-    bool decode(json::Value& value, WidgetSpec& spec) {
+    // False when the record is no design, and `failure` then says why unless the syntax is bad.
+    bool decode(json::Value& value, Record& record) {
         seen_ = 0;
-        if (value.kind() != json::Kind::object) return fail(mismatch(value), {}, value.offset());
-        if (!value.members([&](std::string_view name, json::Value& member) { return take(name, member, spec); }))
+        rank_ = std::numeric_limits<std::size_t>::max();
+        if (value.kind() != json::Kind::object) {
+            failure = decodingFailure(mismatch(value, "a design, which is an object {…},"), {}, value);
             return false;
-        for (const CodingKeys key : required_)
-            if (!has(key)) return fail(Reason::keyNotFound, names[key], value.offset());
-        return true;
+        }
+        if (!value.members([&](std::string_view name, json::Value& member) { return take(name, member, record); }))
+            return false;
+        forEachWidgetField([&](const auto& row) {
+            if (isRequired(row) && (seen_ & bit(row.field)) == 0) note({Reason::keyNotFound}, row.field, value);
+        });
+        return !failure;
     }
 
     std::optional<DecodingFailure> failure;
 
 private:
-    bool take(std::string_view name, json::Value& value, WidgetSpec& spec) {
-        std::size_t key = 0;
-        while (key < names.size() && names[key] != name) ++key;
-        if (key == names.size() || has(static_cast<CodingKeys>(key))) return true;
-        seen_ |= 1U << key;
-        switch (static_cast<CodingKeys>(key)) {
-            case CodingKeys::id: return text(value, name, spec.id);
-            case CodingKeys::title: return text(value, name, spec.title);
-            case CodingKeys::kind: return kindName(value, spec.kind);
-            case CodingKeys::accentHex: return text(value, name, spec.accentHex);
-            case CodingKeys::symbol: return text(value, name, spec.symbol);
-            case CodingKeys::primary: return optionalText(value, name, spec.primary);
-            case CodingKeys::secondary: return optionalText(value, name, spec.secondary);
-            case CodingKeys::items: return optionalTexts(value, spec.items);
-            case CodingKeys::progress:
-                return value.kind() == json::Kind::null || number(value, name, spec.progress.emplace());
-            case CodingKeys::targetISO8601: return optionalText(value, name, spec.targetISO8601);
-            case CodingKeys::createdAt: return number(value, name, spec.createdAt.timeIntervalSinceReferenceDate);
-            case CodingKeys::count: break;
-        }
-        return true;
+    static constexpr unsigned bit(WidgetField field) { return 1U << static_cast<unsigned>(field); }
+
+    // What a person leaves out is left to the constructor, if that has something for it.
+    static bool isRequired(const auto& row) {
+        return std::is_same_v<Record, WidgetSpec> ? !row.isOptional() : row.whenLeftOut == WhenLeftOut::refuse;
     }
 
-    bool text(json::Value& value, std::string_view name, std::string& field) {
-        if (value.kind() != json::Kind::string) return fail(mismatch(value), name, value.offset());
-        const auto string = value.string();
-        if (string) field = *string;
-        return string.has_value();
+    bool take(std::string_view name, json::Value& value, Record& record) {
+        return withWidgetField([&](const auto& row) { return row.name == name; },
+                               [&](const auto& row) {
+                                   if ((seen_ & bit(row.field)) != 0) return true;
+                                   seen_ |= bit(row.field);
+                                   if (auto fault = readInto(row, value, record)) note(*fault, row.field, value);
+                                   return true;
+                               },
+                               true);
     }
 
-    bool optionalText(json::Value& value, std::string_view name, std::optional<std::string>& field) {
-        return value.kind() == json::Kind::null || text(value, name, field.emplace());
+    template <class Row>
+    static WhyNot readInto(const Row& row, json::Value& value, Record& record) {
+        auto& field = row.in(record);
+        if constexpr (std::is_same_v<std::remove_cvref_t<decltype(field)>, typename Row::Value>)
+            return read(value, field);
+        else
+            return read(value, field.emplace());  // optional only for the constructor
     }
 
-    bool optionalTexts(json::Value& value, std::optional<std::vector<std::string>>& field) {
-        if (value.kind() == json::Kind::null) return true;
-        if (value.kind() != json::Kind::array) return fail(mismatch(value), names[CodingKeys::items], value.offset());
-        auto& list = field.emplace();
-        return value.elements(
-            [&](json::Value& element) { return text(element, names[CodingKeys::items], list.emplace_back()); });
+    void note(const Fault& fault, WidgetField field, const json::Value& value) {
+        const std::size_t rank = judgingRank(field);
+        if (rank >= rank_) return;
+        rank_ = rank;
+        failure = decodingFailure(fault, std::string(orvel::name(field)), value);
     }
 
-    bool number(json::Value& value, std::string_view name, double& field) {
-        if (value.kind() != json::Kind::number) return fail(mismatch(value), name, value.offset());
-        const auto number = value.number();
-        if (number) field = *number;
-        return number.has_value();
+    // Texts that must be there, the kind, texts that may be absent, and then the rest.
+    static std::size_t judgingRank(WidgetField field) {
+        using enum WidgetField;
+        constexpr WidgetField order[]{id,        title,         accentHex, symbol,   kind,     primary,
+                                      secondary, targetISO8601, items,     progress, createdAt};
+        static_assert(std::size(order) == std::tuple_size_v<decltype(widget_fields::table)>);
+        return static_cast<std::size_t>(std::find(std::begin(order), std::end(order), field) - order);
     }
 
-    bool kindName(json::Value& value, WidgetSpec::Kind& field) {
-        if (value.kind() != json::Kind::string) return fail(mismatch(value), names[CodingKeys::kind], value.offset());
-        const auto string = value.string();
-        if (!string) return false;
-        const auto known = kindFromRawValue(*string);
-        if (!known) return fail(Reason::unknownKind, names[CodingKeys::kind], value.offset());
-        field = *known;
-        return true;
-    }
-
-    static Reason mismatch(const json::Value& value) {
-        return value.kind() == json::Kind::null ? Reason::valueNotFound : Reason::typeMismatch;
-    }
-
-    bool fail(Reason reason, std::string_view key, std::size_t offset) {
-        failure = DecodingFailure{reason, std::string(key), std::nullopt, offset, {}};
-        return false;
-    }
-
-    std::span<const CodingKeys> required_;
-    unsigned seen_ = 0;  // one bit per key
+    unsigned seen_ = 0;  // one bit for each field
+    std::size_t rank_ = 0;
 };
 
 WidgetSpec blank() {
@@ -133,32 +154,61 @@ WidgetSpec blank() {
 }
 
 DecodingFailure malformed(json::SyntaxFailure failure) {
-    return {Reason::malformed, {}, std::nullopt, failure.offset, std::move(failure.reason)};
+    return {Reason::malformed, {}, std::nullopt, failure.position, std::move(failure.reason)};
 }
 
-Result<WidgetSpec, DecodingFailure> decodeOne(std::string text, RecordDecoder& decoder) {
-    WidgetSpec spec = blank();
-    if (auto syntax = json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, spec); }))
+template <class Record>
+Result<Record, DecodingFailure> decodeInto(Record record, std::string text) {
+    RecordDecoder<Record> decoder;
+    if (auto syntax = json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, record); }))
         return malformed(std::move(*syntax));
     if (decoder.failure) return std::move(*decoder.failure);
-    return spec;
+    return record;
 }
 
-void writeOptional(json::Writer& writer, CodingKeys key, const std::optional<std::string>& field) {
-    if (field) writer.key(names[key]).string(*field);
+void writeValue(json::Writer& writer, const std::string& value) {
+    writer.string(value);
+}
+
+void writeValue(json::Writer& writer, WidgetSpec::Kind value) {
+    writer.string(rawValue(value));
+}
+
+void writeValue(json::Writer& writer, double value) {
+    writer.number(value);
+}
+
+void writeValue(json::Writer& writer, Date value) {
+    writer.number(value.timeIntervalSinceReferenceDate);
+}
+
+void writeValue(json::Writer& writer, const std::vector<std::string>& value) {
+    writer.beginArray();
+    for (const auto& item : value) writer.string(item);
+    writer.endArray();
+}
+
+template <class Value>
+void writeMember(json::Writer& writer, std::string_view name, const Value& value) {
+    writeValue(writer.key(name), value);
+}
+
+template <class Value>
+void writeMember(json::Writer& writer, std::string_view name, const std::optional<Value>& value) {
+    if (value) writeValue(writer.key(name), *value);
 }
 
 }  // namespace
 
 std::string DecodingFailure::message() const {
     std::string where = index ? "design @" + std::to_string(*index + 1) + ": " : "";
-    const std::string what = key.empty() ? (index ? "it" : "the text") : '"' + key + '"';
+    const std::string what = key.empty() ? (index ? "it" : "this") : '"' + key + '"';
     switch (reason) {
-        case Reason::malformed: return where + "not valid JSON at byte " + std::to_string(offset) + ": " + detail;
+        case Reason::malformed: return where + "not valid JSON: " + detail;
         case Reason::keyNotFound: return where + what + " is missing";
-        case Reason::valueNotFound: return where + what + " is null";
-        case Reason::typeMismatch: return where + what + " has the wrong JSON type";
-        case Reason::unknownKind: return where + what + " is none of the five kinds";
+        case Reason::valueNotFound:
+        case Reason::typeMismatch: return where + what + " is " + detail;
+        case Reason::unknownKind: return where + what + " must be " + alternatives(kindNames()) + detail;
     }
     return where;
 }
@@ -166,35 +216,21 @@ std::string DecodingFailure::message() const {
 namespace WidgetSpecJSON {
 
 Result<WidgetSpec, DecodingFailure> decode(std::string text) {
-    RecordDecoder decoder;
-    return decodeOne(std::move(text), decoder);
+    return decodeInto(blank(), std::move(text));
 }
 
 Result<WidgetSpec::Fields, DecodingFailure> decodeFields(std::string text) {
-    RecordDecoder decoder(requiredOfAPerson);
-    auto spec = decodeOne(std::move(text), decoder);
-    if (!spec) return spec.failure();
-    WidgetSpec::Fields fields{.title = std::move(spec->title), .kind = spec->kind};
-    if (decoder.has(CodingKeys::id)) fields.id = std::move(spec->id);
-    if (decoder.has(CodingKeys::accentHex)) fields.accentHex = std::move(spec->accentHex);
-    if (decoder.has(CodingKeys::symbol)) fields.symbol = std::move(spec->symbol);
-    fields.primary = std::move(spec->primary);
-    fields.secondary = std::move(spec->secondary);
-    fields.items = std::move(spec->items);
-    fields.progress = spec->progress;
-    fields.targetISO8601 = std::move(spec->targetISO8601);
-    if (decoder.has(CodingKeys::createdAt)) fields.createdAt = spec->createdAt;
-    return fields;
+    return decodeInto(WidgetSpec::Fields{.title = "", .kind = WidgetSpec::Kind::metric}, std::move(text));
 }
 
 Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text) {
     std::vector<WidgetSpec> specs;
     const WidgetSpec empty = blank();
-    RecordDecoder decoder;
+    RecordDecoder<WidgetSpec> decoder;
     const auto element = [&](json::Value& value) { return decoder.decode(value, specs.emplace_back(empty)); };
     const auto list = [&](json::Value& value) {
         if (value.kind() == json::Kind::array) return value.elements(element);
-        decoder.failure = DecodingFailure{Reason::typeMismatch, {}, std::nullopt, value.offset(), {}};
+        decoder.failure = decodingFailure(mismatch(value, "a list of designs, which is an array […],"), {}, value);
         return false;
     };
 
@@ -205,23 +241,15 @@ Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text) {
     return std::move(*decoder.failure);
 }
 
+std::optional<WidgetSpec> read(json::Value& value) {
+    WidgetSpec spec = blank();
+    if (!RecordDecoder<WidgetSpec>().decode(value, spec)) return std::nullopt;
+    return spec;
+}
+
 void write(json::Writer& writer, const WidgetSpec& spec) {
     writer.beginObject();
-    writer.key(names[CodingKeys::id]).string(spec.id);
-    writer.key(names[CodingKeys::title]).string(spec.title);
-    writer.key(names[CodingKeys::kind]).string(rawValue(spec.kind));
-    writer.key(names[CodingKeys::accentHex]).string(spec.accentHex);
-    writer.key(names[CodingKeys::symbol]).string(spec.symbol);
-    writeOptional(writer, CodingKeys::primary, spec.primary);
-    writeOptional(writer, CodingKeys::secondary, spec.secondary);
-    if (spec.items) {
-        writer.key(names[CodingKeys::items]).beginArray();
-        for (const auto& item : *spec.items) writer.string(item);
-        writer.endArray();
-    }
-    if (spec.progress) writer.key(names[CodingKeys::progress]).number(*spec.progress);
-    writeOptional(writer, CodingKeys::targetISO8601, spec.targetISO8601);
-    writer.key(names[CodingKeys::createdAt]).number(spec.createdAt.timeIntervalSinceReferenceDate);
+    forEachWidgetField([&](const auto& row) { writeMember(writer, row.name, row.in(spec)); });
     writer.endObject();
 }
 

@@ -10,8 +10,13 @@
 #include "model/widget_spec.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/result.h"
+#include "platform/foundation/text_position.h"
 
 namespace orvel {
+
+namespace json {
+class Value;
+}
 
 struct DecodingFailure {
     enum class Reason {
@@ -19,15 +24,16 @@ struct DecodingFailure {
         keyNotFound,    ///< a required member is missing
         valueNotFound,  ///< null where a value is required
         typeMismatch,   ///< another JSON type than the field's
-        unknownKind,    ///< a "kind" that is none of the five
+        unknownKind,    ///< a "kind" that is no kind of design
     };
     Reason reason;
     std::string key;                   ///< the member; empty when the record or the list itself is at fault
     std::optional<std::size_t> index;  ///< the element of a list, from 0
-    std::size_t offset;                ///< where in the text, in bytes
-    std::string detail;                ///< of malformed text: what is wrong with it
+    TextPosition position;             ///< where in the text
+    std::string detail;                ///< what is wrong with malformed text, or is there instead of what is wanted
 
-    /// One line without a full stop; elements are counted from 1: design @3: "createdAt" is missing
+    /// One line without a full stop, and without the position; elements are counted from 1:
+    /// design @3: "createdAt" is missing
     std::string message() const;
 };
 
@@ -42,6 +48,9 @@ Result<WidgetSpec::Fields, DecodingFailure> decodeFields(std::string text);
 
 /// Every record of an array, in order; one bad element fails the whole list.
 Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text);
+
+/// One record that is a part of a larger text; absent when it is none, or the syntax is bad.
+std::optional<WidgetSpec> read(json::Value& value);
 
 /// Compact, members in field order, absent fields left out. Absent when a `progress` is not finite or a text is not
 /// valid UTF-8.

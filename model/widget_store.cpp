@@ -8,11 +8,7 @@
 namespace orvel::WidgetStore {
 
 std::filesystem::path dir(const Platform& platform) {
-    // The slash at the end says that it is a folder.
-    const std::filesystem::path home = homeDirectory(platform.accounts);
-    std::filesystem::path folder = home / "Library/Application Support/Orvel/";
-    (void)platform.files.createFolders(folder);
-    return folder;
+    return StoreFiles::folder(platform);
 }
 
 std::vector<WidgetSpec> load(const Platform& platform) {
@@ -36,11 +32,7 @@ void remove(std::string_view id, const Platform& platform) {
 }
 
 void setPending(const std::optional<WidgetSpec>& spec, const Platform& platform) {
-    if (spec) {
-        const auto written = StoreFiles::writePending(*spec, platform);
-        if (written || !std::holds_alternative<EncodingFailure>(written.failure().reason)) return;
-    }
-    (void)StoreFiles::removePending(platform);
+    (void)StoreFiles::replacePending(spec, platform);
 }
 
 std::optional<WidgetSpec> pending(const Platform& platform) {

@@ -2,6 +2,11 @@
 // No state in memory: each call resolves the folder and works on the files anew. Failures are absorbed here and nowhere
 // else: what can't be read is an empty list or no design, what can't be written changes nothing. Any thread may call; a
 // reader sees an old or a new file whole. There is no lock: of two overlapping changes the later one stays.
+//
+// What that costs: for `add` and `remove`, too, a list that can't be read is an empty one, be it for a moment only (an
+// I/O error, too many open files, no memory). What they save then replaces all designs that were stored. A program that
+// changes a person's designs uses store_files.h, which tells a missing file from one that can't be read, and holds the
+// folder's lock.
 #pragma once
 
 #include <filesystem>

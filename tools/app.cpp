@@ -1,18 +1,45 @@
 #include "tools/app.h"
 
+#include "platform/foundation/text_list.h"
+#include "tools/card/commands.h"
+#include "tools/core/usage.h"
+#include "tools/design/commands.h"
+#include "tools/desktop/commands.h"
+#include "tools/doctor/commands.h"
+#include "tools/store/commands.h"
+
 namespace orvel::tools {
+namespace {
+
+void addHelp(CLI::App& app, Session& session) {
+    const auto words = std::make_shared<std::vector<std::string>>();
+    CLI::App& command = *app.add_subcommand("help", "Explain a command and its options, or list the commands");
+    command.add_option("words", *words, "Such as set, or pending set (default: all commands)")->type_name("COMMAND");
+    command.callback([&app, &session, words] {
+        session.operation = [&app, &session, words](const Platform&) -> Outcome<Done> {
+            const CLI::App* const found = findCommand(app, *words);
+            if (!found) return Failure{unknownCommand(app, joined(*words, " ")), Failure::Cause::request};
+            // The parser would explain what was called, which is this command.
+            session.console.out << found->get_formatter()->make_help(found, "", CLI::AppFormatMode::Normal);
+            return Done{};
+        };
+    });
+}
+
+}  // namespace
 
 std::unique_ptr<CLI::App> makeApp(Session& session) {
     auto app = std::make_unique<CLI::App>("Small cards for the desktop: draws and explains the designs in your store.",
                                           "orvel");
     app->require_subcommand(0, 1);
-    app->set_version_flag("--version", "orvel " ORVEL_VERSION, "Print the version");
+    app->formatter(helpFormatter());
+    app->set_version_flag("-V,--version", "orvel " ORVEL_VERSION, "Print the version");
     addStoreCommands(*app, session);
-    addReadingCommands(*app, session);
-    addDrawingCommands(*app, session);
-    addSymbolCommands(*app, session);
+    addCardCommands(*app, session);
     addDesktopCommands(*app, session);
-    addAutostartCommands(*app, session);
+    addDesignCommands(*app, session);
+    addDoctorCommand(*app, session);
+    addHelp(*app, session);
     return app;
 }
 

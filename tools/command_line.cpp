@@ -1,24 +1,22 @@
 #include "tools/command_line.h"
 
+#include <cerrno>
+#include <cstring>
 #include <new>
 
+#include "platform/ui/language.h"
 #include "tools/app.h"
+#include "tools/core/usage.h"
 
 namespace orvel::tools {
 namespace {
 
-std::string firstLine(const std::string& text) {
-    return text.substr(0, text.find('\n'));
-}
-
-}  // namespace
-
-int run(int argc, const char* const* argv, const Platform& platform, Console console) {
+int runChecked(int argc, const char* const* argv, const Platform& platform, Console& console) {
     Session session{console};
     const auto app = makeApp(session);
     try {
         app->parse(argc, argv);
-        if (app->get_subcommands().empty()) throw CLI::RequiredError("A subcommand");
+        if (app->get_subcommands().empty()) throw CLI::RequiredError("a command");
     } catch (const CLI::CallForHelp&) {
         console.out << app->help();
         return done;
@@ -26,20 +24,47 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
         console.out << version.what() << '\n';
         return done;
     } catch (const CLI::ParseError& error) {
-        console.err << "orvel: " << firstLine(error.what()) << " (orvel --help lists the options)\n";
+        say(usageProblem(*app, error), console);
         return wrongUsage;
     }
 
+    if (session.language) useLanguage(*session.language);
     const FixedClock chosenClock(session.at.value_or(Date{}));
     const Clock& clock = session.at ? static_cast<const Clock&>(chosenClock) : platform.clock;
-    const Platform chosen{clock, platform.files, platform.accounts, platform.timeZone, platform.identities};
+    const Platform chosen = platform.with(clock);
+    const auto outcome = session.operation(chosen);
+    if (outcome) return done;
+    if (!outcome.failure().reason.empty()) say(outcome.failure().reason, console);
+    return exitCode(outcome.failure());
+}
+
+// While this lives, what can't be printed ends the command where it is printed.
+class ThrowingOutput {
+public:
+    explicit ThrowingOutput(std::ostream& out) : out_(out) { out_.exceptions(std::ios::badbit | std::ios::failbit); }
+    ~ThrowingOutput() { out_.exceptions(std::ios::goodbit); }
+    ThrowingOutput(const ThrowingOutput&) = delete;
+
+private:
+    std::ostream& out_;
+};
+
+}  // namespace
+
+int run(int argc, const char* const* argv, const Platform& platform, Console console) {
     try {
-        const auto outcome = session.operation(chosen);
-        if (outcome) return done;
-        console.err << "orvel: " << outcome.failure().reason << '\n';
-        return outcome.failure().code;
+        const ThrowingOutput throwing(console.out);
+        const int code = runChecked(argc, argv, platform, console);
+        console.out.flush();
+        return code;
+    } catch (const std::ios_base::failure&) {
+        const int why = errno;
+        // Whoever closed a pipe has seen enough.
+        if (why != EPIPE) say(std::string("standard output: can't write: ") + std::strerror(why), console);
     } catch (const std::bad_alloc&) {
         console.err << "orvel: out of memory\n";
+    } catch (const std::exception& error) {
+        say(error.what(), console);
     }
     return failed;
 }

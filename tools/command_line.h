@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/foundation/platform.h"
-#include "tools/console.h"
+#include "tools/core/console.h"
 
 namespace orvel::tools {
 

@@ -4,14 +4,13 @@
 #include <cmath>
 
 #include "format/countdown_math.h"
+#include "views/kind_face.h"
 
 namespace orvel {
 namespace {
 
-constexpr std::size_t mostRows = 5;
-
 std::string headline(const WidgetSpec& spec, const Platform& platform) {
-    if (spec.kind != WidgetSpec::Kind::countdown) return spec.primary.value_or("—");
+    if (!shows(spec.kind, WidgetField::targetISO8601)) return spec.primary.value_or("—");
     const auto [value, unit] = CountdownMath::remaining(spec.targetISO8601, platform);
     return unit.empty() ? value : value + " " + unit;
 }
@@ -27,7 +26,7 @@ std::int64_t percent(double progress) {
 
 std::vector<std::string> rows(const WidgetSpec& spec) {
     if (!spec.items) return {};
-    const auto shown = static_cast<std::ptrdiff_t>(std::min(spec.items->size(), mostRows));
+    const auto shown = static_cast<std::ptrdiff_t>(std::min(spec.items->size(), widget_limits::mostItems));
     return {spec.items->begin(), spec.items->begin() + shown};
 }
 
@@ -35,17 +34,21 @@ std::vector<std::string> rows(const WidgetSpec& spec) {
 
 CardWords cardWords(const WidgetSpec& spec, const Platform& platform) {
     CardWords words{.title = spec.title};
-    switch (spec.kind) {
-        case WidgetSpec::Kind::progress: words.percent = percent(spec.progress.value_or(0)); break;
-        case WidgetSpec::Kind::list: words.rows = rows(spec); break;
-        case WidgetSpec::Kind::metric:
-        case WidgetSpec::Kind::note:
-        case WidgetSpec::Kind::countdown:
-            words.headline = headline(spec, platform);
-            words.secondary = spec.secondary;
-            break;
+    switch (face(spec.kind).layout) {
+        case CardLayout::value: words.headline = headline(spec, platform); break;
+        case CardLayout::ring: words.percent = percent(spec.progress.value_or(0)); break;
+        case CardLayout::rows: words.rows = rows(spec); break;
     }
+    if (shows(spec.kind, WidgetField::secondary)) words.secondary = spec.secondary;
     return words;
+}
+
+LocalizedStringKey percentKey(std::int64_t percent) {
+    return LocalizedStringKey::interpolation().integer(percent).literal("%");
+}
+
+LocalizedStringKey emptyStateKey() {
+    return LocalizedStringKey("Design one in Orvel");
 }
 
 }  // namespace orvel

@@ -8,6 +8,7 @@
 
 #include "model/widget_spec.h"
 #include "platform/foundation/platform.h"
+#include "platform/ui/localized.h"
 
 namespace orvel {
 
@@ -21,6 +22,12 @@ struct CardWords {
 };
 
 /// A countdown's headline is measured from the clock at this moment.
-CardWords cardWords(const WidgetSpec& spec, const Platform& platform = Platform::system());
+CardWords cardWords(const WidgetSpec& spec, const Platform& platform);
+
+/// A percentage as the card shows it.
+LocalizedStringKey percentKey(std::int64_t percent);
+
+/// What a card without a design says.
+LocalizedStringKey emptyStateKey();
 
 }  // namespace orvel

@@ -1,5 +1,6 @@
 #include "views/entry_view.h"
 
+#include "views/card_words.h"
 #include "views/spec_view.h"
 
 namespace orvel {
@@ -8,9 +9,7 @@ View OrvelWidgetEntryView::body(const Platform& platform) const {
     if (spec_) return WidgetSpecView(*spec_).body(platform);
     return VStack(HorizontalAlignment::center, 4)({
         Image::systemName("square.grid.2x2").foregroundStyle(HierarchicalShapeStyle::secondary),
-        Text(LocalizedStringKey("Design one in Orvel"))
-            .font(Font::caption2)
-            .foregroundStyle(HierarchicalShapeStyle::secondary),
+        Text(emptyStateKey()).font(Font::caption2).foregroundStyle(HierarchicalShapeStyle::secondary),
     });
 }
 

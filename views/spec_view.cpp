@@ -6,6 +6,7 @@
 #include "format/hex_color.h"
 #include "platform/foundation/unicode.h"
 #include "views/card_words.h"
+#include "views/kind_face.h"
 
 namespace orvel {
 namespace {
@@ -67,8 +68,7 @@ View ring(const WidgetSpec& spec, const CardWords& words) {
                             .trim(0, spec.progress.value_or(0))
                             .stroke(accent(spec), {.lineWidth = ringWidth, .lineCap = LineCap::round})
                             .rotationEffect({-90}),
-                        Text(LocalizedStringKey::interpolation().integer(words.percent.value_or(0)).literal("%"))
-                            .font(Font::system(15, Font::Weight::heavy)),
+                        Text(percentKey(words.percent.value_or(0))).font(Font::system(15, Font::Weight::heavy)),
                     })
         .frame(FixedFrame{.width = ringDiameter, .height = ringDiameter});
 }
@@ -116,12 +116,10 @@ View listLayout(const WidgetSpec& spec, const CardWords& words) {
 
 View WidgetSpecView::body(const Platform& platform) const {
     const CardWords words = cardWords(spec_, platform);
-    switch (spec_.kind) {
-        case WidgetSpec::Kind::progress: return progressLayout(spec_, words);
-        case WidgetSpec::Kind::list: return listLayout(spec_, words);
-        case WidgetSpec::Kind::metric:
-        case WidgetSpec::Kind::note:
-        case WidgetSpec::Kind::countdown: break;
+    switch (face(spec_.kind).layout) {
+        case CardLayout::value: return valueLayout(spec_, words);
+        case CardLayout::ring: return progressLayout(spec_, words);
+        case CardLayout::rows: return listLayout(spec_, words);
     }
     return valueLayout(spec_, words);
 }

@@ -1,15 +1,10 @@
 #include "widget/orvel_widget.h"
 
 #include "model/store_files.h"
+#include "views/card_color.h"
 #include "views/entry_view.h"
 
 namespace orvel {
-namespace {
-
-// A near-black with a faint blue cast, the same for every design, family and appearance.
-constexpr Color background{22 / 255.0, 22 / 255.0, 25 / 255.0, 1.0};
-
-}  // namespace
 
 WidgetConfiguration OrvelWidget::body() const {
     return StaticConfiguration(kind_, Provider(), content)
@@ -21,12 +16,16 @@ WidgetConfiguration OrvelWidget::body() const {
 View OrvelWidget::content(const WidgetEntry& entry, const Platform& platform) {
     return OrvelWidgetEntryView(entry.spec)
         .body(platform)
-        .containerBackground(background, ContainerBackgroundPlacement::widget);
+        .containerBackground(cardBackground, ContainerBackgroundPlacement::widget);
 }
 
 ExtensionInfo OrvelWidgetBundle::info() {
-    return {.program = "orvel-widget", .watchedFolder = [](const Platform& platform) {
-                return StoreFiles::list(platform).parent_path().string();
+    return {.program = "orvel-widget",
+            .watchedFolder = [](const Platform& platform) { return StoreFiles::folder(platform).string(); },
+            .trouble = [](const Platform& platform) -> std::optional<std::string> {
+                const auto specs = StoreFiles::readList(platform);
+                if (specs || specs.failure().isMissing()) return std::nullopt;
+                return specs.failure().message();
             }};
 }
 

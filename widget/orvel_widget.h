@@ -15,7 +15,7 @@ public:
     WidgetConfiguration body() const;
 
     /// The view of one entry, on the widget's background. The entry's date plays no part.
-    static View content(const WidgetEntry& entry, const Platform& platform = Platform::system());
+    static View content(const WidgetEntry& entry, const Platform& platform);
 
 private:
     std::string kind_ = "OrvelWidget";

@@ -24,6 +24,9 @@ public:
     /// Where the process's surroundings keep settings; absent when they name no absolute path. Then it is ".config"
     /// in the home directory.
     virtual std::optional<std::string> configurationDirectory() const { return std::nullopt; }
+
+    /// The same for what a program remembers between its runs; then it is ".local/state" in the home directory.
+    virtual std::optional<std::string> stateDirectory() const { return std::nullopt; }
 };
 
 /// The account's home directory, or the process's when the user database has none.
@@ -31,6 +34,16 @@ inline std::string homeDirectory(const Accounts& accounts) {
     const auto account = accounts.current();
     if (account && account->homeDirectory && !account->homeDirectory->empty()) return *account->homeDirectory;
     return accounts.processHomeDirectory();
+}
+
+/// Where this person's settings lie (XDG Base Directory).
+inline std::string configurationDirectory(const Accounts& accounts) {
+    return accounts.configurationDirectory().value_or(homeDirectory(accounts) + "/.config");
+}
+
+/// Where a program keeps what it remembers of this person between its runs.
+inline std::string stateDirectory(const Accounts& accounts) {
+    return accounts.stateDirectory().value_or(homeDirectory(accounts) + "/.local/state");
 }
 
 }  // namespace orvel

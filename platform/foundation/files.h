@@ -1,11 +1,15 @@
-// The file operations the system needs: whole files in, whole files out. Every failure is told, none is thrown.
+// The file operations the system needs: whole files in, whole files out. Failures are returned, never thrown.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "platform/foundation/result.h"
 
@@ -16,7 +20,28 @@ struct FileFailure {
     std::error_code code;
 
     /// "can't open: No such file or directory"
-    std::string message() const { return "can't " + std::string(operation) + ": " + code.message(); }
+    std::string message() const;
+};
+
+/// A file has its new content, for every reader.
+struct Replaced {
+    /// Why a loss of power may yet bring the old content back, when it may: the folder couldn't be synced.
+    std::optional<FileFailure> unsynced = {};
+};
+
+/// Who may read a file that is new.
+enum class NewFile {
+    asUmaskAllows,  ///< mode 0666 less the umask
+    ownerOnly,      ///< mode 0600
+};
+
+/// How long to wait for a lock that another process holds.
+struct LockWait {
+    std::chrono::duration<double> most = std::chrono::seconds(30);
+    std::chrono::duration<double> silent = std::chrono::seconds(1);
+    /// Called once when the silent time is over and the lock still isn't free, with who holds it: "process 4711
+    /// (orvel)", or "another process" where the system doesn't say.
+    std::function<void(const std::string& holder)> tell = {};
 };
 
 /// Held as long as the object lives.
@@ -34,9 +59,11 @@ public:
     virtual Result<std::string, FileFailure> read(const std::filesystem::path& path) = 0;
 
     /// Replaces a file's content in one step: readers see the old or the new content whole, and on failure the old one
-    /// stays. A new file gets mode 0666 less the umask, an old one keeps its mode; a symbolic link stays and the file
-    /// it points to is replaced. The folder must exist.
-    virtual Result<Done, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes) = 0;
+    /// stays. Once the new content is in its place nothing is a failure any more; what may still be lost is told with
+    /// the success. An old file keeps its mode; a symbolic link stays and the file it points to is replaced. The folder
+    /// must exist.
+    virtual Result<Replaced, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes,
+                                                  NewFile newFile = NewFile::asUmaskAllows) = 0;
 
     /// Deletes one file or symbolic link. A missing file is a failure.
     virtual Result<Done, FileFailure> remove(const std::filesystem::path& path) = 0;
@@ -44,11 +71,26 @@ public:
     /// Makes the folder and every missing parent. A folder that exists is success.
     virtual Result<Done, FileFailure> createFolders(const std::filesystem::path& path) = 0;
 
-    /// Waits until no other process holds the folder's advisory lock, and takes it.
-    virtual Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder) = 0;
+    /// The names of a folder's entries, in the order of their bytes.
+    virtual Result<std::vector<std::string>, FileFailure> names(const std::filesystem::path& folder) = 0;
 
-    /// 512 MiB: more than any store holds, little enough for any machine that shows one.
+    /// Waits until no other process holds the folder's advisory lock (flock), and takes it. A lock that doesn't become
+    /// free in time fails with std::errc::timed_out.
+    virtual Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder,
+                                                                  const LockWait& wait = {}) = 0;
+
+    /// 512 MiB: more than any store holds, little enough for any machine that shows one. A reader holds the file and
+    /// all that it makes of it in memory at once.
     static constexpr std::size_t largest = std::size_t{512} << 20;
 };
+
+inline std::string FileFailure::message() const {
+    std::string why = code.message();
+    if (operation == std::string_view("read") && code == std::errc::file_too_large)
+        why = "it has more than " + std::to_string(Files::largest >> 20) + " MiB, the most that is read";
+    if (operation == std::string_view("lock") && code == std::errc::timed_out)
+        why = "another process still holds the lock";
+    return "can't " + std::string(operation) + ": " + why;
+}
 
 }  // namespace orvel

@@ -4,11 +4,14 @@
 
 namespace orvel {
 
-std::filesystem::path installedData() {
+std::filesystem::path installedPrograms() {
     std::error_code code;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", code);
-    if (code) return "/usr/share";
-    return program.parent_path().parent_path() / "share";
+    return code ? "/usr/bin" : program.parent_path();
+}
+
+std::filesystem::path installedData() {
+    return installedPrograms().parent_path() / "share";
 }
 
 }  // namespace orvel

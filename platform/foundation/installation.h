@@ -8,4 +8,7 @@ namespace orvel {
 /// The folder "share" beside the program's own "bin"; that of /usr when the machine can't tell where the program lies.
 std::filesystem::path installedData();
 
+/// The folder that the running program lies in; that of /usr when the machine can't tell.
+std::filesystem::path installedPrograms();
+
 }  // namespace orvel

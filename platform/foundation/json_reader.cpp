@@ -4,7 +4,10 @@
 
 #include <simdjson.h>
 
+#include <new>
 #include <utility>
+
+#include "platform/foundation/json_fault.h"
 
 namespace orvel::json {
 
@@ -12,11 +15,42 @@ namespace ondemand = simdjson::ondemand;
 using simdjson::error_code;
 using simdjson::SUCCESS;
 
+namespace {
+
+// RFC 8259, section 6, with the white space that may follow.
+bool isNumber(std::string_view text) {
+    const auto take = [&](std::string_view characters) {
+        const bool isThere = !text.empty() && characters.find(text.front()) != std::string_view::npos;
+        if (isThere) text.remove_prefix(1);
+        return isThere;
+    };
+    constexpr std::string_view digits = "0123456789";
+    const auto takeDigits = [&] {
+        const std::size_t before = text.size();
+        while (take(digits)) {
+        }
+        return text.size() < before;
+    };
+    take("-");
+    if (!take("0") && !takeDigits()) return false;
+    if (take(".") && !takeDigits()) return false;
+    if (take("eE")) {
+        take("+-");
+        if (!takeDigits()) return false;
+    }
+    while (take(" \t\n\r")) {
+    }
+    return text.empty();
+}
+
+}  // namespace
+
 struct Pass {
     static constexpr int deepest = 512;
 
     ondemand::document document;
     const char* begin = nullptr;
+    std::size_t size = 0;
     std::size_t skipped = 0;  // a byte-order mark before `begin`
     error_code error = SUCCESS;
     std::size_t errorOffset = 0;
@@ -32,6 +66,11 @@ struct Pass {
         return false;
     }
     std::size_t offset(const char* at) const { return static_cast<std::size_t>(at - begin) + skipped; }
+    TextPosition position(std::size_t at) const {
+        TextPosition position = textPosition({begin, size}, at > skipped ? at - skipped : 0);
+        position.offset = at;
+        return position;
+    }
 
     // A document that is a scalar offers the same operations as a value, under another type.
     template <class Operation>
@@ -54,7 +93,7 @@ struct Pass {
 
     bool skip(Value& value) {
         switch (value.kind()) {
-            case Kind::number: return value.number().has_value();
+            case Kind::number: return number(value);
             case Kind::boolean: return value.boolean().has_value();
             case Kind::string: return value.string().has_value();
             case Kind::null: return null(value);
@@ -62,6 +101,20 @@ struct Pass {
             case Kind::object: return value.members([](std::string_view, Value&) { return true; });
         }
         return false;
+    }
+
+    // What nobody asks for needs no double that can hold it.
+    bool number(Value& value) {
+        double number = 0;
+        value.taken_ = true;
+        const auto code = withSource(value, [](auto& s) { return s.get_double(); }).get(number);
+        if (code == SUCCESS) return true;
+        using Token = simdjson::simdjson_result<std::string_view>;
+        std::string_view token;
+        if (withSource(value, [](auto& s) -> Token { return s.raw_json_token(); }).get(token) == SUCCESS &&
+            isNumber(token))
+            return true;
+        return fail(code);
     }
 
     bool null(Value& value) {
@@ -83,6 +136,22 @@ struct Pass {
         return Kind::null;
     }
 };
+
+std::string_view name(Kind kind) {
+    switch (kind) {
+        case Kind::null: return "null";
+        case Kind::boolean: return "a boolean";
+        case Kind::number: return "a number";
+        case Kind::string: return "a string";
+        case Kind::array: return "an array";
+        case Kind::object: return "an object";
+    }
+    return {};
+}
+
+TextPosition Value::position() const {
+    return pass_->position(offset_);
+}
 
 std::optional<double> Value::number() {
     if (kind_ != Kind::number) return std::nullopt;
@@ -159,12 +228,16 @@ std::optional<SyntaxFailure> read(std::string text, FunctionRef<bool(Value&)> vi
     Pass pass;
     pass.skipped = text.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     pass.begin = text.data() + pass.skipped;
-    const simdjson::padded_string_view padded(pass.begin, size - pass.skipped, text.capacity() - pass.skipped);
+    pass.size = size - pass.skipped;
+    const simdjson::padded_string_view padded(pass.begin, pass.size, text.capacity() - pass.skipped);
 
     ondemand::parser parser;
     const auto finish = [&]() -> std::optional<SyntaxFailure> {
         if (pass.error == SUCCESS) return std::nullopt;
-        return SyntaxFailure{simdjson::error_message(pass.error), pass.errorOffset};
+        if (pass.error == simdjson::MEMALLOC) throw std::bad_alloc();  // says nothing of the text
+        const auto located = locatedFault({pass.begin, pass.size}, pass.error);
+        if (located) return SyntaxFailure{located->reason, pass.position(located->offset + pass.skipped)};
+        return SyntaxFailure{faultInWords(pass.error), pass.position(pass.errorOffset)};
     };
     if (const auto code = parser.iterate(padded).get(pass.document)) {
         pass.error = code;

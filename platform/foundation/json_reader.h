@@ -1,6 +1,7 @@
 // Reading JSON (RFC 8259) in one pass over its bytes, without a tree in memory. A text is judged whole: members that
-// nobody asks for are checked like the others. Numbers of any length are read, correctly rounded; one beyond the range
-// of a double makes the text invalid. A leading UTF-8 byte-order mark is passed over. Nesting is limited to 512 levels.
+// nobody asks for are checked like the others. Numbers of any length are read, correctly rounded; one that is asked for
+// and lies beyond the range of a double makes the text invalid. A leading UTF-8 byte-order mark is passed over. Nesting
+// is limited to 512 levels. Lack of memory is std::bad_alloc, and no judgement of the text.
 #pragma once
 
 #include <cstddef>
@@ -9,15 +10,19 @@
 #include <string_view>
 
 #include "platform/foundation/function_ref.h"
+#include "platform/foundation/text_position.h"
 
 namespace orvel::json {
 
 enum class Kind { null, boolean, number, string, array, object };
 
-/// Where and why a text is not JSON. The offset counts bytes from the start, a byte-order mark included.
+/// As in a sentence: "null", "a boolean", "a number".
+std::string_view name(Kind kind);
+
+/// Where and why a text is not JSON. A string that isn't closed is told where it begins.
 struct SyntaxFailure {
-    std::string reason;
-    std::size_t offset;
+    std::string reason;  ///< without a full stop
+    TextPosition position;
 };
 
 struct Pass;
@@ -30,6 +35,9 @@ public:
 
     /// Bytes from the start of the text to this value.
     std::size_t offset() const { return offset_; }
+
+    /// Where in the text it begins; a byte-order mark isn't counted as a column. Takes as long as reading up to there.
+    TextPosition position() const;
 
     std::optional<double> number();
     std::optional<bool> boolean();

@@ -1,5 +1,6 @@
-// What the system takes from the machine, in one bundle of interfaces. Operations take it as their last, defaulted
-// argument, so that a test or a fixed clock can stand in. Nothing here is mutable, and any thread may use it.
+// What the system takes from the machine, in one bundle of interfaces. Operations take it as their last argument, so
+// that a test or a fixed clock can stand in; the names that programs call default it to the system. Nothing here is
+// mutable, and any thread may use it.
 #pragma once
 
 #include "platform/foundation/accounts.h"
@@ -16,6 +17,9 @@ struct Platform {
     const Accounts& accounts;
     const TimeZone& timeZone;
     const IdentitySource& identities;
+
+    /// The same machine with another clock, which must outlive the copy.
+    Platform with(const Clock& other) const { return {other, files, accounts, timeZone, identities}; }
 
     /// The machine this process runs on. The local time zone is read anew at each use.
     static const Platform& system();

@@ -1,16 +1,19 @@
 #include "platform/foundation/posix_files.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <new>
 #include <optional>
 #include <utility>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/foundation/folder_lock.h"
 
 namespace orvel {
 namespace {
@@ -21,36 +24,19 @@ FileFailure failure(const char* operation, int code = errno) {
     return {operation, std::error_code(code, std::generic_category())};
 }
 
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    bool isOpen() const { return number_ >= 0; }
-    int number() const { return number_; }
-    int close() { return ::close(std::exchange(number_, -1)); }
-
-private:
-    int number_;
-};
-
-// Deletes the file at the end of the scope, unless it was kept.
+// A new file that is written, and deleted at the end of the scope unless it was kept.
 class Temporary {
 public:
-    explicit Temporary(path name) : name_(std::move(name)) {}
+    Temporary(path fileName, Descriptor file) : name(std::move(fileName)), descriptor(std::move(file)) {}
     Temporary(const Temporary&) = delete;
     Temporary& operator=(const Temporary&) = delete;
     ~Temporary() {
-        if (!kept_) ::unlink(name_.c_str());
+        if (!isKept) ::unlink(name.c_str());
     }
-    void keep() { kept_ = true; }
 
-private:
-    path name_;
-    bool kept_ = false;
+    const path name;
+    Descriptor descriptor;
+    bool isKept = false;
 };
 
 template <class Call>
@@ -100,7 +86,8 @@ Result<path, FileFailure> behindLinks(path name) {
     for (int hops = 0; hops < 40; ++hops) {
         std::error_code code;
         const path next = std::filesystem::read_symlink(name, code);
-        if (code) return name;
+        if (code == std::errc::invalid_argument || code == std::errc::no_such_file_or_directory) return name;
+        if (code) return failure("follow the link", code.value());
         name = name.parent_path() / next;
     }
     return failure("follow the link", ELOOP);
@@ -109,19 +96,14 @@ Result<path, FileFailure> behindLinks(path name) {
 // A temporary file is named NAME.tmp-PROCESS-NUMBER.
 constexpr std::string_view temporaryMark = ".tmp-";
 
-struct NewFile {
-    path name;
-    Descriptor descriptor;
-};
-
-Result<std::unique_ptr<NewFile>, FileFailure> createTemporaryBeside(const path& target) {
+Result<std::unique_ptr<Temporary>, FileFailure> createTemporaryBeside(const path& target, mode_t mode) {
     static std::atomic<unsigned> counter{0};
     for (;;) {
         path name = target;
         name += std::string(temporaryMark) + std::to_string(::getpid()) + "-" + std::to_string(counter++);
         const int descriptor =
-            retryingOnSignal([&] { return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666); });
-        if (descriptor >= 0) return std::unique_ptr<NewFile>(new NewFile{name, Descriptor(descriptor)});
+            retryingOnSignal([&] { return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode); });
+        if (descriptor >= 0) return std::make_unique<Temporary>(std::move(name), Descriptor(descriptor));
         // Left by a process that had our number before us.
         if (errno != EEXIST) return failure("create a file beside");
     }
@@ -142,65 +124,62 @@ void sweepStaleTemporaries(const path& target) {
             ::unlink(entry->path().c_str());
 }
 
-std::optional<FileFailure> syncFolder(const path& folder) {
-    const Descriptor file(retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    // A folder may allow changes but no reading, and some file systems can't sync one.
-    if (!file.isOpen()) return errno == EACCES ? std::nullopt : std::optional(failure("open the folder"));
-    if (::fsync(file.number()) != 0 && errno != EINVAL) return failure("sync the folder");
-    return std::nullopt;
+// fsync(2) has EINTR for a signal alone: a lost write is EIO, which a second call would not tell again.
+int sync(int descriptor) {
+    return retryingOnSignal([&] { return ::fsync(descriptor); });
 }
 
-class PosixFolderLock final : public FolderLock {
-public:
-    explicit PosixFolderLock(int descriptor) : descriptor_(descriptor) {}
-    int number() const { return descriptor_.number(); }
-
-private:
-    Descriptor descriptor_;  // closing it ends the lock
-};
+std::optional<FileFailure> syncFolder(const path& folder) {
+    const Descriptor file(retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
+    if (!file) return failure("open the folder");
+    // Some file systems can't sync a folder, and need no such thing.
+    if (sync(file.get()) != 0 && errno != EINVAL) return failure("sync the folder");
+    return std::nullopt;
+}
 
 }  // namespace
 
 Result<std::string, FileFailure> PosixFiles::read(const path& name) {
     const Descriptor file(
         retryingOnSignal([&] { return ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
-    if (!file.isOpen()) return failure("open");
+    if (!file) return failure("open");
     struct stat status;
-    if (::fstat(file.number(), &status) != 0) return failure("look at");
+    if (::fstat(file.get(), &status) != 0) return failure("look at");
     if (!S_ISREG(status.st_mode)) return failure("read", S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
     const auto size = static_cast<std::size_t>(status.st_size);
     if (size > largest) return failure("read", EFBIG);
     try {
-        return readAll(file.number(), size);
+        return readAll(file.get(), size);
     } catch (const std::bad_alloc&) {
         return failure("read", ENOMEM);
     }
 }
 
-Result<Done, FileFailure> PosixFiles::replace(const path& name, std::string_view bytes) {
+Result<Replaced, FileFailure> PosixFiles::replace(const path& name, std::string_view bytes, NewFile newFile) {
     const auto target = behindLinks(name);
     if (!target) return target.failure();
 
     struct stat old;
     const bool exists = ::stat(target->c_str(), &old) == 0;
+    if (!exists && errno != ENOENT) return failure("look at");
     if (exists && !S_ISREG(old.st_mode)) return failure("replace", S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
 
-    const auto created = createTemporaryBeside(*target);
+    const auto created = createTemporaryBeside(*target, newFile == NewFile::ownerOnly ? 0600 : 0666);
     if (!created) return created.failure();
-    Descriptor& file = (*created)->descriptor;
-    Temporary temporary((*created)->name);
+    Temporary& temporary = **created;
+    Descriptor& file = temporary.descriptor;
 
-    if (exists && ::fchmod(file.number(), old.st_mode & 07777) != 0) return failure("set the mode of");
-    if (auto failed = writeAll(file.number(), bytes)) return *failed;
-    if (::fsync(file.number()) != 0) return failure("sync");
+    if (exists && ::fchmod(file.get(), old.st_mode & 07777) != 0) return failure("set the mode of");
+    if (auto failed = writeAll(file.get(), bytes)) return *failed;
+    if (sync(file.get()) != 0) return failure("sync");
     // Interrupted or not, the descriptor is gone, and the content has been synced.
     if (file.close() != 0 && errno != EINTR) return failure("close");
-    if (::rename((*created)->name.c_str(), target->c_str()) != 0) return failure("rename");
-    temporary.keep();
+    if (::rename(temporary.name.c_str(), target->c_str()) != 0) return failure("rename");
+    temporary.isKept = true;
 
-    if (auto failed = syncFolder(folderOf(*target))) return *failed;
+    Replaced replaced{syncFolder(folderOf(*target))};
     sweepStaleTemporaries(*target);
-    return Done{};
+    return replaced;
 }
 
 Result<Done, FileFailure> PosixFiles::remove(const path& name) {
@@ -215,12 +194,18 @@ Result<Done, FileFailure> PosixFiles::createFolders(const path& name) {
     return Done{};
 }
 
-Result<std::unique_ptr<FolderLock>, FileFailure> PosixFiles::lock(const path& folder) {
-    auto lock = std::make_unique<PosixFolderLock>(
-        retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
-    if (lock->number() < 0) return failure("open");
-    if (retryingOnSignal([&] { return ::flock(lock->number(), LOCK_EX); }) != 0) return failure("lock");
-    return std::unique_ptr<FolderLock>(std::move(lock));
+Result<std::vector<std::string>, FileFailure> PosixFiles::names(const path& folder) {
+    std::vector<std::string> names;
+    std::error_code code;
+    for (std::filesystem::directory_iterator entry(folder, code), end; !code && entry != end; entry.increment(code))
+        names.push_back(entry->path().filename().string());
+    if (code) return FileFailure{"list", code};
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+Result<std::unique_ptr<FolderLock>, FileFailure> PosixFiles::lock(const path& folder, const LockWait& wait) {
+    return lockFolder(folder, wait);
 }
 
 }  // namespace orvel

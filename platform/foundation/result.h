@@ -10,19 +10,20 @@ namespace orvel {
 /// The value of an operation that yields nothing but success.
 struct Done {};
 
+/// Whoever takes the value or the failure has asked before which one it is.
 template <class Value, class Failure>
-class Result {
+class [[nodiscard]] Result {
 public:
     Result(Value value) : state_(std::in_place_index<0>, std::move(value)) {}
     Result(Failure failure) : state_(std::in_place_index<1>, std::move(failure)) {}
 
     explicit operator bool() const { return state_.index() == 0; }
 
-    Value& operator*() & { return *std::get_if<0>(&state_); }
-    const Value& operator*() const& { return *std::get_if<0>(&state_); }
-    Value&& operator*() && { return std::move(*std::get_if<0>(&state_)); }
-    Value* operator->() { return std::get_if<0>(&state_); }
-    const Value* operator->() const { return std::get_if<0>(&state_); }
+    Value& operator*() & { return *value(); }
+    const Value& operator*() const& { return *value(); }
+    Value&& operator*() && { return std::move(*value()); }
+    Value* operator->() { return value(); }
+    const Value* operator->() const { return value(); }
 
     const Failure& failure() const {
         assert(state_.index() == 1);
@@ -30,6 +31,15 @@ public:
     }
 
 private:
+    Value* value() {
+        assert(state_.index() == 0);
+        return std::get_if<0>(&state_);
+    }
+    const Value* value() const {
+        assert(state_.index() == 0);
+        return std::get_if<0>(&state_);
+    }
+
     std::variant<Value, Failure> state_;
 };
 

@@ -52,8 +52,13 @@ public:
         return home && *home ? home : "/";
     }
 
-    std::optional<std::string> configurationDirectory() const override {
-        const char* const directory = std::getenv("XDG_CONFIG_HOME");
+    // XDG Base Directory: a path that isn't absolute counts as none.
+    std::optional<std::string> configurationDirectory() const override { return absolutePath("XDG_CONFIG_HOME"); }
+    std::optional<std::string> stateDirectory() const override { return absolutePath("XDG_STATE_HOME"); }
+
+private:
+    static std::optional<std::string> absolutePath(const char* variable) {
+        const char* const directory = std::getenv(variable);
         if (!directory || *directory != '/') return std::nullopt;
         return directory;
     }

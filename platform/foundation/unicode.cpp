@@ -8,6 +8,7 @@
 #include <uniwidth.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <vector>
@@ -32,8 +33,8 @@ bool isWhitespace(ucs4_t character) {
     return uc_is_general_category(character, UC_SPACE_SEPARATOR);
 }
 
-// The first boundary inside the text that is `enough`, told its position and how many clusters lie before it; or the
-// text's end. Looks at a growing beginning of the text, so that a near boundary in a long text is found quickly.
+// The first boundary inside the text for which `enough(position, clusters before it)` holds, or the text's end. Looks
+// at a growing beginning of the text, so that a near boundary in a long text is found quickly.
 template <class Enough>
 std::size_t firstBoundary(std::string_view text, Enough enough) {
     const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
@@ -49,10 +50,39 @@ std::size_t firstBoundary(std::string_view text, Enough enough) {
     }
 }
 
+constexpr ucs4_t replacement = 0xFFFD;
+
+// Calls `visit` with each character and its bytes; what is no character is U+FFFD.
+template <class Visit>
+void forEachCharacter(std::string_view text, Visit visit) {
+    while (!text.empty()) {
+        ucs4_t character = static_cast<unsigned char>(text.front());
+        int length = 1;
+        if (character >= 0x80) length = u8_mbtouc(&character, bytes(text), text.size());
+        visit(character, text.substr(0, static_cast<std::size_t>(length)));
+        text.remove_prefix(static_cast<std::size_t>(length));
+    }
+}
+
+// Control characters, and line and paragraph separators.
+bool breaksOrControls(ucs4_t character) {
+    return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 || character == 0x2029;
+}
+
+// Embeddings, overrides and isolates.
+bool directs(ucs4_t character) {
+    return (character >= 0x202A && character <= 0x202E) || (character >= 0x2066 && character <= 0x2069);
+}
+
 }  // namespace
 
 bool isValid(std::string_view text) {
     return u8_check(bytes(text), text.size()) == nullptr;
+}
+
+std::size_t validLength(std::string_view text) {
+    const std::uint8_t* const invalid = u8_check(bytes(text), text.size());
+    return invalid ? static_cast<std::size_t>(invalid - bytes(text)) : text.size();
 }
 
 std::string uppercased(std::string_view text) {
@@ -83,6 +113,35 @@ std::string decomposed(std::string_view text) {
     const std::unique_ptr<std::uint8_t, Free> normal(
         u8_normalize(UNINORM_NFD, bytes(text), text.size(), nullptr, &length));
     return normal ? std::string(reinterpret_cast<const char*>(normal.get()), length) : std::string(text);
+}
+
+std::string onOneLine(std::string_view text) {
+    std::string line;
+    line.reserve(text.size());
+    forEachCharacter(text, [&](ucs4_t character, std::string_view bytesOfIt) {
+        if (breaksOrControls(character))
+            line += ' ';
+        else if (character == replacement)
+            line += "\uFFFD";
+        else if (!directs(character))
+            line += bytesOfIt;
+    });
+    return line;
+}
+
+std::string escapingForJson(std::string_view json) {
+    std::string escaped;
+    escaped.reserve(json.size());
+    forEachCharacter(json, [&](ucs4_t character, std::string_view bytesOfIt) {
+        if (character >= 0x20 && (breaksOrControls(character) || directs(character))) {
+            char escape[12];
+            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(character));
+            escaped += escape;
+        } else {
+            escaped += bytesOfIt;
+        }
+    });
+    return escaped;
 }
 
 std::size_t columns(std::string_view text) {

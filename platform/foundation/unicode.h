@@ -9,6 +9,9 @@ namespace orvel::unicode {
 
 bool isValid(std::string_view text);
 
+/// How many bytes at its beginning are valid.
+std::size_t validLength(std::string_view text);
+
 /// Full upper-case mapping (UnicodeData and the unconditional lines of SpecialCasing): "ß" becomes "SS". Text that is
 /// not valid UTF-8 is returned unchanged.
 std::string uppercased(std::string_view text);
@@ -19,6 +22,14 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b);
 /// The canonical decomposition (NFD), equal for canonically equivalent texts. Text that is not valid UTF-8 is returned
 /// unchanged.
 std::string decomposed(std::string_view text);
+
+/// On one line and harmless to terminals, titles and bars: each control character (general category Cc) and line or
+/// paragraph separator becomes a blank, what isn't valid UTF-8 becomes U+FFFD, and explicit directional formatting
+/// (UAX #9), which would go on in what follows, is left out.
+std::string onOneLine(std::string_view text);
+
+/// JSON in which everything that `onOneLine` would change is written as an escape, which leaves all values as they are.
+std::string escapingForJson(std::string_view json);
 
 /// How many columns of a terminal the text takes (UAX #11: wide characters two, marks none).
 std::size_t columns(std::string_view text);

@@ -1,127 +1,101 @@
 #include "platform/host/desktop.h"
 
-#include <sys/signalfd.h>
-
+#include <algorithm>
 #include <csignal>
 #include <utility>
 #include <vector>
 
-#include "platform/host/card.h"
+#include "platform/events/ending_signals.h"
+#include "platform/events/path_watch.h"
+#include "platform/events/timer.h"
+#include "platform/foundation/descriptor.h"
+#include "platform/host/card_board.h"
 #include "platform/host/hosted_card.h"
-#include "platform/host/own_process.h"
-#include "platform/host/renderer_module.h"
+#include "platform/host/session_launch.h"
 #include "platform/ui/gettext_localizer.h"
-#include "platform/ui/view_words.h"
-#include "platform/window/path_watch.h"
-#include "platform/window/timer.h"
 
 namespace orvel {
 namespace {
 
-constexpr std::chrono::seconds longestDrawing{10};
-
 // Where the system says which zone it is in.
 constexpr const char* zoneFile = "/etc/localtime";
 
-/// Gets the drawing libraries ready and all that doesn't depend on the pixels, and then waits for the question, which
-/// pixels, and answers with their bytes. It ends without an answer when it can't draw.
-void drawCard(const Channel& channel, const View& view, WidgetFamily family, const Localizer& localizer,
-              FunctionRef<void(const std::string&)> notice) {
-    const auto renderer = loadRenderer();
-    if (!renderer) return notice("can't draw: " + renderer.failure().reason);
-    Scene scene = cardScene(view, family, {(*renderer)->text(), localizer}, (*renderer)->symbols());
-    const Picture picture{scene.size, cornerRadius, {{{0, 0}, std::move(scene)}}};
+// For surfaces that may still ask for their pixels.
+constexpr std::chrono::milliseconds longestWait{1000};
 
-    PixelBuffer pixels;
-    if (!channel.receive(&pixels, sizeof pixels)) return;
-    std::vector<unsigned char> bytes(size(pixels));
-    pixels.bytes = bytes.data();
-    if ((*renderer)->paint(picture, pixels)) channel.send(bytes.data(), bytes.size());
-}
-
-/// A descriptor that can be read once the process is asked to end; the signals no longer end it by themselves.
-int endingSignals() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGTERM);
-    sigaddset(&signals, SIGINT);
-    ::sigprocmask(SIG_BLOCK, &signals, nullptr);
+/// How the process is asked to end. Other signals no longer end it.
+Descriptor openSignals() {
     ::signal(SIGPIPE, SIG_IGN);  // a window system that has gone away is told by its connection
-    ::signal(SIGCHLD, SIG_IGN);  // and a process that has drawn needs no farewell
-    return ::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
+    ::signal(SIGCHLD, SIG_IGN);  // children are not waited for
+    return openEndingSignals();
 }
 
 class DesktopHost {
 public:
-    DesktopHost(const WidgetConfiguration& widget, const ExtensionInfo& extension, const DesktopChoices& choices,
-                const Platform& platform)
-        : choices_(choices),
-          card_(widget, {.family = choices.family, .displaySize = displaySize(choices.family)}, platform),
+    DesktopHost(CardSource& source, const DesktopChoices& choices)
+        : source_(source),
+          choices_(choices),
           localizer_(GettextLocalizer::installedDirectory()),
-          ending_(loop_.watch(endingSignals(), [this] { loop_.stop(); })),
-          drawing_(startDrawing()),
-          timer_(loop_, [this] { show(card_.look()); }),
-          folder_(loop_, {extension.watchedFolder(platform)}, [this] { show(card_.reload()); }),
-          zone_(loop_, {zoneFile}, [this] { show(card_.look()); }),
-          program_(extension.program),
-          name_(localized(widget.displayName, localizer_)) {}
+          board_({choices.program, choices.untitled}, localizer_, choices.notice),
+          endingSignals_(openSignals()),
+          ending_(loop_.watch(endingSignals_.get(), [this] { loop_.stop(); })),
+          timer_(loop_, [this] { look(); }),
+          settled_(loop_, [this] { board_.stopDrawing(); }),
+          dependencies_(loop_, source.dependencies(), [this] { reload(); }),
+          zone_(loop_, {zoneFile}, [this] { look(); }) {}
 
     Result<Done, NoDisplay> run() {
-        const Size points = displaySize(choices_.family);
-        auto surface = openDesktopSurface({.width = points.width,
-                                           .height = points.height,
-                                           .cornerRadius = cornerRadius,
-                                           .placement = choices_.placement,
-                                           .program = program_,
-                                           .title = title(),
-                                           .draw = [this](const PixelBuffer& pixels) { return draw(pixels); },
-                                           .notice = choices_.notice,
-                                           .ended = [this](auto why) { end(std::move(why)); }},
-                                          loop_);
-        if (!surface) return surface.failure();
-        surface_ = *std::move(surface);
-        // The store may have changed before its folder was watched.
-        show(card_.reload());
+        // Beside all that is done before there are pixels to draw.
+        board_.prepare(source_.cards());
+        auto windows = openWindowSystem(loop_);
+        if (!windows) return windows.failure();
+        windows_ = *std::move(windows);
+        windows_->serve({.outputsChanged = [this] { show(); },
+                         .notice = [this](const std::string& sentence) { say(sentence); },
+                         .ended = [this](auto why) { end(std::move(why)); }});
+        show();
+        sayWhatIsMissing();
+        // Something may have changed before it was watched.
+        reload();
         if (!ended_) loop_.run();
-        surface_.reset();
+        board_.clear();
+        windows_.reset();
         if (failure_) return NoDisplay{*failure_};
         return Done{};
     }
 
 private:
-    void show(bool changed) {
-        if (changed) drawing_.reset();
-        if (changed || !drawn_) surface_->contentChanged(title());
-        timer_.set(card_.nextLook());
+    void reload() {
+        source_.reload();
+        show();
     }
 
-    /// A process that is ready to draw the view, or soon will be.
-    Channel startDrawing() {
-        const auto sayOnce = [this](const std::string& sentence) {
-            if (drawn_ && choices_.notice) choices_.notice(sentence);
-        };
-        return startOwnProcess(
-            [&](const Channel& channel) { drawCard(channel, card_.view(), choices_.family, localizer_, sayOnce); },
-            longestDrawing);
+    void look() {
+        source_.look();
+        show();
     }
 
-    bool draw(const PixelBuffer& pixels) {
-        const auto answered = [&] {
-            const auto drawing = std::exchange(drawing_, std::nullopt);
-            return drawing && drawing->send(&pixels, sizeof pixels) && drawing->receive(pixels.bytes, size(pixels));
-        };
-        if (drawing_) {
-            drawn_ = answered();
-            if (drawn_) return true;  // else it may have waited for too long
+    void show() {
+        if (ended_) return;
+        const std::vector<CardOnShow> cards = source_.cards();
+        if (cards.size() > 1) windows_->findRooms();
+        board_.show(cards, *windows_);
+        timer_.set(source_.nextLook());
+        if (board_.isDrawing()) settled_.set(longestWait);
+    }
+
+    void say(const std::string& sentence) const {
+        if (choices_.notice) choices_.notice(sentence);
+    }
+
+    void sayWhatIsMissing() const {
+        const auto outputs = windows_->outputs();
+        for (const CardOnShow& card : source_.cards()) {
+            const OutputChoice& wanted = card.place.output;
+            if (wanted.which == OutputChoice::Which::named &&
+                std::ranges::find(outputs, wanted.name, &Output::name) == outputs.end())
+                say("there is no output " + wanted.name + " now; the card appears when it is there");
         }
-        drawing_ = startDrawing();
-        drawn_ = answered();
-        return drawn_;
-    }
-
-    std::string title() const {
-        std::string said = words(card_.view(), localizer_);
-        return said.empty() ? name_ : said;
     }
 
     void end(std::optional<std::string> why) {
@@ -130,28 +104,70 @@ private:
         loop_.stop();
     }
 
+    CardSource& source_;
     DesktopChoices choices_;
     EventLoop loop_;
-    HostedCard card_;
     GettextLocalizer localizer_;
+    std::unique_ptr<WindowSystem> windows_;
+    CardBoard board_;  // goes before the windows do
+    Descriptor endingSignals_;
     EventLoop::Watch ending_;
-    bool drawn_ = true;               ///< the last drawing succeeded; otherwise each look tries again
-    std::optional<Channel> drawing_;  ///< prepared, beside all that is done before there are pixels to draw
     ClockTimer timer_;
-    PathWatch folder_;
+    DelayTimer settled_;
+    PathWatch dependencies_;
     PathWatch zone_;
-    std::string program_;
-    std::string name_;
-    std::unique_ptr<DesktopSurface> surface_;
     bool ended_ = false;
     std::optional<std::string> failure_;
 };
 
+// One widget's card.
+class WidgetCard final : public CardSource {
+public:
+    WidgetCard(const WidgetConfiguration& widget, const ExtensionInfo& extension, const CardChoice& choice,
+               std::string name, const Platform& platform)
+        : choice_(choice),
+          extension_(extension),
+          name_(std::move(name)),
+          platform_(platform),
+          card_(widget, {.family = choice.family, .displaySize = displaySize(choice.family)}, platform) {}
+
+    std::vector<CardOnShow> cards() const override { return {{"", card_.view(), choice_.family, choice_.place}}; }
+    void reload() override {
+        card_.reload();
+        tellOfTrouble();
+    }
+    void look() override { card_.look(); }
+    Date nextLook() const override { return card_.nextLook(); }
+    std::vector<std::filesystem::path> dependencies() const override { return {extension_.watchedFolder(platform_)}; }
+
+private:
+    void tellOfTrouble() {
+        const std::string trouble = extension_.trouble ? extension_.trouble(platform_).value_or("") : "";
+        if (trouble != told_ && !trouble.empty()) notifyInSession(name_, trouble);
+        told_ = trouble;
+    }
+
+    CardChoice choice_;
+    const ExtensionInfo& extension_;
+    std::string name_;
+    const Platform& platform_;
+    HostedCard card_;
+    std::string told_;
+};
+
 }  // namespace
 
-Result<Done, NoDisplay> showOnDesktop(const WidgetConfiguration& widget, const ExtensionInfo& extension,
-                                      const DesktopChoices& choices, const Platform& platform) {
-    return DesktopHost(widget, extension, choices, platform).run();
+Result<Done, NoDisplay> showOnDesktop(CardSource& source, const DesktopChoices& choices) {
+    return DesktopHost(source, choices).run();
+}
+
+Result<Done, NoDisplay> showWidgetOnDesktop(const WidgetConfiguration& widget, const ExtensionInfo& extension,
+                                            const CardChoice& choice, std::function<void(const std::string&)> notice,
+                                            const Platform& platform) {
+    const GettextLocalizer localizer(GettextLocalizer::installedDirectory());
+    const std::string name = localized(widget.displayName, localizer);
+    WidgetCard card(widget, extension, choice, name, platform);
+    return showOnDesktop(card, {.program = extension.program, .untitled = name, .notice = std::move(notice)});
 }
 
 }  // namespace orvel

@@ -1,7 +1,6 @@
 #include "platform/host/hosted_card.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace orvel {
 
@@ -42,8 +41,7 @@ const HostedEntry& HostedCard::due(Date now) const {
 
 Date HostedCard::nextLook() const {
     const Date now = platform_.clock.now();
-    // The reference date is a whole minute, and days have whole minutes in every zone of today.
-    Date next{(std::floor(now.timeIntervalSinceReferenceDate / 60) + 1) * 60};
+    Date next = nextWholeMinute(now);
     const auto orAt = [&](Date date) {
         if (date > now) next = std::min(next, date);
     };

@@ -2,14 +2,36 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
 #include <system_error>
 #include <thread>
+#include <vector>
+
+#include "platform/foundation/installation.h"
+#include "platform/foundation/text_list.h"
 
 namespace orvel {
 namespace {
 
-// The program's run path tells where it lies.
 constexpr const char* moduleFile = "orvel-renderer.so";
+
+// Beside the program where it is built, in a folder of this project's own where it is installed.
+std::vector<std::filesystem::path> modulePlaces() {
+    const auto programs = installedPrograms();
+    return {programs / moduleFile, programs.parent_path() / ORVEL_MODULES / moduleFile};
+}
+
+Result<void*, NoRenderer> loadModule() {
+    for (const auto& place : modulePlaces()) {
+        std::error_code code;
+        if (!std::filesystem::exists(place, code)) continue;
+        if (void* const module = ::dlopen(place.c_str(), RTLD_LAZY | RTLD_LOCAL)) return module;
+        return NoRenderer{::dlerror()};
+    }
+    std::vector<std::string> folders;
+    for (const auto& place : modulePlaces()) folders.push_back(place.parent_path().string());
+    return NoRenderer{std::string(moduleFile) + " is in neither place: " + joined(folders, ", ")};
+}
 
 // One of the module's libraries takes as long to read its configuration as all of them take to load, and can do it
 // meanwhile. When that can't be had, it reads it later.
@@ -28,8 +50,9 @@ std::jthread startFontConfiguration() {
 
 Result<std::unique_ptr<Renderer>, NoRenderer> loadRenderer() {
     auto fonts = startFontConfiguration();
-    void* const module = ::dlopen(moduleFile, RTLD_LAZY | RTLD_LOCAL);
-    void* const function = module ? ::dlsym(module, "orvelMakeRenderer") : nullptr;
+    const auto module = loadModule();
+    if (!module) return module.failure();
+    void* const function = ::dlsym(*module, "orvelMakeRenderer");
     if (!function) return NoRenderer{::dlerror()};
     if (fonts.joinable()) fonts.join();
     const auto make = reinterpret_cast<Renderer* (*)() noexcept>(function);

@@ -9,10 +9,11 @@
 namespace orvel {
 
 struct NoRenderer {
-    std::string reason;  ///< one line, in the words of the dynamic linker
+    std::string reason;  ///< one line
 };
 
-/// The module stays loaded; another renderer costs little then.
+/// From beside the program, or else from the folder of the installation that the program is part of; never from
+/// anywhere else. The module stays loaded; another renderer costs little then.
 Result<std::unique_ptr<Renderer>, NoRenderer> loadRenderer();
 
 }  // namespace orvel

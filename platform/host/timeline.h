@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cmath>
 #include <vector>
 
 #include "platform/foundation/date.h"
@@ -16,6 +17,11 @@ inline constexpr std::array allWidgetFamilies{WidgetFamily::systemSmall, WidgetF
 /// Points. The family is the host's choice among those that a widget supports.
 constexpr Size displaySize(WidgetFamily family) {
     return family == WidgetFamily::systemSmall ? Size{170, 170} : Size{364, 170};
+}
+
+/// Cards are looked at then: the reference date is a whole minute, and days have whole minutes in every zone of today.
+inline Date nextWholeMinute(Date now) {
+    return {(std::floor(now.timeIntervalSinceReferenceDate / 60) + 1) * 60};
 }
 
 /// What the host tells with a request.

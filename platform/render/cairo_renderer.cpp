@@ -8,9 +8,11 @@
 #include <regex>
 
 #include "platform/foundation/iso8601.h"
+#include "platform/render/font_report.h"
 #include "platform/render/handles.h"
 #include "platform/render/painter.h"
 #include "platform/render/pango_text_engine.h"
+#include "platform/render/svg_text.h"
 #include "platform/symbols/symbols.h"
 
 namespace orvel {
@@ -65,6 +67,7 @@ class CairoRenderer final : public Renderer {
 public:
     TextEngine& text() override { return text_; }
     const SymbolSet& symbols() const override { return symbols_; }
+    FontReport fonts() const override { return reportFonts("Inter"); }
 
     bool paint(const Picture& picture, const PixelBuffer& pixels) override {
         const CairoSurfacePtr surface(cairo_image_surface_create_for_data(
@@ -90,14 +93,16 @@ public:
         return finished(status, std::move(bytes));
     }
 
-    Result<std::string, PictureFailure> svg(const Picture& picture) override {
+    Result<std::string, PictureFailure> svg(const Picture& picture, SvgText text) override {
         std::string bytes;
         CairoSurfacePtr surface(
             cairo_svg_surface_create_for_stream(append, &bytes, picture.size.width, picture.size.height));
-        cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PT);
+        cairo_svg_surface_set_document_unit(surface.get(), CAIRO_SVG_UNIT_PX);
         auto drawn = document(std::move(surface), bytes, picture, painter_);
         if (!drawn) return drawn;
-        return renumbered(*drawn);
+        std::string svg = renumbered(*drawn);
+        if (text == SvgText::selectable) svg.insert(svg.rfind("</svg>"), svgText(picture));
+        return svg;
     }
 
     Result<std::string, PictureFailure> pdf(const Picture& picture, Date created) override {

@@ -4,39 +4,16 @@
 #include <cmath>
 #include <numbers>
 
-#include "platform/render/glyph_masks.h"
-#include "platform/render/shaped_text.h"
-
-// Last, for Cairo's FreeType access.
-#include <cairo-ft.h>
+#include "platform/render/saved.h"
+#include "platform/render/text_painter.h"
 
 namespace orvel {
 namespace {
 
 using std::numbers::pi;
 
-// Restores the graphics state at the end of the scope.
-class Saved {
-public:
-    explicit Saved(cairo_t* cr) : cr_(cr) { cairo_save(cr_); }
-    Saved(const Saved&) = delete;
-    Saved& operator=(const Saved&) = delete;
-    ~Saved() { cairo_restore(cr_); }
-
-private:
-    cairo_t* cr_;
-};
-
 double radians(double degrees) {
     return degrees * pi / 180;
-}
-
-double points(int pangoUnits) {
-    return static_cast<double>(pangoUnits) / PANGO_SCALE;
-}
-
-void setColor(cairo_t* cr, const Color& color) {
-    cairo_set_source_rgba(cr, color.red, color.green, color.blue, color.opacity);
 }
 
 void addRoundedRectangle(cairo_t* cr, Size size, double radius) {
@@ -72,18 +49,6 @@ cairo_line_join_t cairoJoin(LineJoin join) {
                                      : CAIRO_LINE_JOIN_MITER;
 }
 
-bool hasColorGlyphs(cairo_scaled_font_t* font) {
-    const FT_Face face = cairo_ft_scaled_font_lock_face(font);
-    const bool color = face && FT_HAS_COLOR(face);
-    cairo_ft_scaled_font_unlock_face(font);
-    return color;
-}
-
-bool hasUnknownGlyph(const PangoGlyphString& glyphs) {
-    return std::any_of(glyphs.glyphs, glyphs.glyphs + glyphs.num_glyphs,
-                       [](const PangoGlyphInfo& glyph) { return (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0; });
-}
-
 class ScenePainter {
 public:
     ScenePainter(cairo_t* cr, Target target, const SymbolSet& symbols, GlyphMasks& masks)
@@ -101,110 +66,7 @@ public:
     }
 
 private:
-    void draw(const TextMark& text, const Rect& frame) {
-        if (!text.shaped) return;
-        setColor(cr_, text.color);
-        double baseline = text.baseline;
-        for (PangoLayoutLine* line : text.shaped->lines) {
-            drawLine(line, {frame.origin.x, baseline}, text.scale);
-            baseline += text.lineHeight;
-        }
-    }
-
-    void drawLine(PangoLayoutLine* line, Point origin, double scale) {
-        const Saved saved(cr_);
-        if (target_ == Target::pixels) {
-            // Whole pixels for the baseline: every line of a text then has the same sharpness.
-            cairo_user_to_device(cr_, &origin.x, &origin.y);
-            origin.y = std::round(origin.y);
-            cairo_device_to_user(cr_, &origin.x, &origin.y);
-        }
-        cairo_translate(cr_, origin.x, origin.y);
-        cairo_scale(cr_, scale, scale);
-        double x = 0;
-        for (GSList* run = line->runs; run; run = run->next) {
-            auto* const glyphs = static_cast<PangoLayoutRun*>(run->data);
-            drawRun(*glyphs, pango_layout_get_text(line->layout), x);
-            x += points(pango_glyph_string_get_width(glyphs->glyphs));
-        }
-    }
-
-    // A run of glyphs of one font, from there on along the baseline.
-    void drawRun(PangoLayoutRun& run, const char* text, double x) {
-        PangoFont* const font = run.item->analysis.font;
-        cairo_scaled_font_t* const scaled = pango_cairo_font_get_scaled_font(PANGO_CAIRO_FONT(font));
-        const bool color = scaled && hasColorGlyphs(scaled);
-        if (color && target_ == Target::outlines) {
-            drawPixels(font, *run.glyphs, x);
-        } else if (color || !scaled || target_ == Target::outlines || hasUnknownGlyph(*run.glyphs)) {
-            cairo_move_to(cr_, x, 0);
-            pango_cairo_show_glyph_item(cr_, text, &run);
-            cairo_new_path(cr_);
-        } else {
-            drawMasks(scaled, *run.glyphs, x);
-        }
-    }
-
-    // Colour glyphs are pixels even among outlines; there they get eight to the point.
-    void drawPixels(PangoFont* font, PangoGlyphString& glyphs, double x) {
-        constexpr double density = 8;
-        PangoRectangle ink;
-        pango_glyph_string_extents(&glyphs, font, &ink, nullptr);
-        const int widthPx = static_cast<int>(std::ceil(points(ink.width) * density));
-        const int heightPx = static_cast<int>(std::ceil(points(ink.height) * density));
-        const CairoSurfacePtr pixels(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, widthPx, heightPx));
-        {
-            const CairoPtr cr(cairo_create(pixels.get()));
-            cairo_scale(cr.get(), density, density);
-            cairo_move_to(cr.get(), -points(ink.x), -points(ink.y));
-            pango_cairo_show_glyph_string(cr.get(), font, &glyphs);
-        }
-        const Saved saved(cr_);
-        cairo_translate(cr_, x + points(ink.x), points(ink.y));
-        cairo_scale(cr_, 1 / density, 1 / density);
-        cairo_set_source_surface(cr_, pixels.get(), 0, 0);
-        cairo_paint(cr_);
-    }
-
-    void drawMasks(cairo_scaled_font_t* font, const PangoGlyphString& glyphs, double x) {
-        const Saved saved(cr_);
-        cairo_matrix_t toDevice;
-        cairo_get_matrix(cr_, &toDevice);
-        const bool upright = toDevice.xy == 0 && toDevice.yx == 0 && toDevice.xx == toDevice.yy;
-        for (int i = 0; i < glyphs.num_glyphs; ++i) {
-            const PangoGlyphInfo& glyph = glyphs.glyphs[i];
-            if (glyph.glyph != PANGO_GLYPH_EMPTY) {
-                const Point at{x + points(glyph.geometry.x_offset), points(glyph.geometry.y_offset)};
-                if (upright)
-                    drawMask(font, glyph.glyph, at, toDevice);
-                else
-                    drawOutline(font, glyph.glyph, at);
-            }
-            x += points(glyph.geometry.width);
-        }
-    }
-
-    void drawMask(cairo_scaled_font_t* font, unsigned long glyph, Point at, const cairo_matrix_t& toDevice) {
-        cairo_matrix_transform_point(&toDevice, &at.x, &at.y);
-        const double quarters = std::floor(at.x * GlyphMasks::phases + 0.5);
-        const double leftPx = std::floor(quarters / GlyphMasks::phases);
-        const int phase = static_cast<int>(quarters - leftPx * GlyphMasks::phases);
-        const GlyphMask& mask = masks_.mask(font, glyph, toDevice.xx, phase);
-        if (!mask.coverage) return;
-        cairo_identity_matrix(cr_);
-        cairo_mask_surface(cr_, mask.coverage.get(), leftPx + mask.leftPx, std::round(at.y) + mask.topPx);
-        cairo_set_matrix(cr_, &toDevice);
-    }
-
-    void drawOutline(cairo_scaled_font_t* font, unsigned long glyph, Point at) {
-        cairo_matrix_t size;
-        cairo_scaled_font_get_font_matrix(font, &size);
-        cairo_set_font_face(cr_, cairo_scaled_font_get_font_face(font));
-        cairo_set_font_matrix(cr_, &size);
-        const cairo_glyph_t one{glyph, at.x, at.y};
-        cairo_glyph_path(cr_, &one, 1);
-        cairo_fill(cr_);
-    }
+    void draw(const TextMark& text, const Rect& frame) { drawText(cr_, text, frame, target_, masks_); }
 
     void draw(const SymbolMark& symbol, const Rect& frame) {
         const SymbolOutline* const outline = symbols_.outline(symbol.name);

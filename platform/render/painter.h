@@ -3,17 +3,13 @@
 
 #include <memory>
 
+#include "platform/render/target.h"
 #include "platform/ui/scene.h"
 #include "platform/ui/symbol_set.h"
 
 typedef struct _cairo cairo_t;
 
 namespace orvel {
-
-enum class Target {
-    pixels,   ///< glyphs at quarter-pixel positions, baselines on whole pixels
-    outlines  ///< a vector format: text stays text as far as the format has it
-};
 
 class Painter {
 public:

@@ -4,119 +4,36 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 
 #include "platform/foundation/unicode.h"
+#include "platform/render/fallback_faces.h"
+#include "platform/render/paragraph.h"
+#include "platform/render/plain_text.h"
 #include "platform/render/shaped_text.h"
+#include "platform/render/typeface.h"
 
 namespace orvel {
 namespace {
 
-constexpr const char* systemFont = "Inter";
-constexpr std::string_view ellipsis = "…";
-constexpr std::size_t mostMarks = 64;  // on one letter; more would be drawn far outside of any line
-
-double points(int pangoUnits) {
-    return static_cast<double>(pangoUnits) / PANGO_SCALE;
+// The width in Pango's integers.
+int units(std::optional<double> width) {
+    if (!width || !std::isfinite(*width)) return Paragraph::unbounded;
+    constexpr double widest = 1e6;
+    return static_cast<int>(std::ceil(std::clamp(*width, 0.0, widest) * PANGO_SCALE));
 }
 
-PangoFontDescriptionPtr description(const Font& font) {
-    PangoFontDescriptionPtr description(pango_font_description_new());
-    pango_font_description_set_family_static(description.get(), systemFont);
-    pango_font_description_set_weight(description.get(), static_cast<PangoWeight>(font.weight));
-    pango_font_description_set_absolute_size(description.get(), font.size * PANGO_SCALE);
-    return description;
-}
-
-// The bytes of a mandatory line break (UAX #14: BK, CR, LF, NL) at the start of the text, or 0.
-std::size_t lineBreakLength(std::string_view text) {
-    if (text.starts_with("\r\n")) return 2;
-    if (!text.empty() && text.front() >= '\n' && text.front() <= '\r') return 1;
-    if (text.starts_with("\xC2\x85")) return 2;
-    if (text.starts_with("\xE2\x80\xA8") || text.starts_with("\xE2\x80\xA9")) return 3;
-    return 0;
-}
-
-// Control characters (category Cc) have no glyph; tabs do.
-std::size_t invisibleLength(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text.front());
-    if ((first < 0x20 && first != '\t') || first == 0x7F) return 1;
-    if (first == 0xC2 && text.size() > 1 && static_cast<unsigned char>(text[1]) < 0xA0) return 2;
-    return 0;
-}
-
-std::string withoutControls(std::string_view text) {
-    std::string visible;
-    visible.reserve(text.size());
-    while (!text.empty()) {
-        const std::size_t invisible = invisibleLength(text);
-        if (invisible == 0) visible += text.front();
-        text.remove_prefix(std::max<std::size_t>(invisible, 1));
-    }
-    return visible;
-}
-
-std::string displayable(std::string_view text) {
-    if (unicode::isValid(text)) return unicode::limitingMarks(withoutControls(text), mostMarks);
-    const std::unique_ptr<char, ReleaseWith<g_free>> repaired(
-        g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-    return unicode::limitingMarks(withoutControls(repaired.get()), mostMarks);
-}
-
-// Takes the text up to its first line break, and the break, from the front; all of it when there is none in that many
-// bytes.
-std::string_view takeParagraph(std::string_view& text, std::size_t mostBytes) {
-    std::size_t end = 0;
-    while (end < std::min(text.size(), mostBytes) && lineBreakLength(text.substr(end)) == 0) ++end;
-    if (end == mostBytes) end = text.size();
-    const std::string_view paragraph = text.substr(0, end);
-    text.remove_prefix(end);
-    text.remove_prefix(lineBreakLength(text));
-    return paragraph;
-}
-
-struct Paragraph {
-    ObjectPtr<PangoLayout> layout;
-    std::string text;  // as shown
-    bool cut = false;
-};
-
-// What stands for the cut end of the last line, or null.
-PangoLayoutRun* ellipsisRun(PangoLayout* layout) {
-    if (!pango_layout_is_ellipsized(layout)) return nullptr;
-    PangoLayoutLine* const last = pango_layout_get_line(layout, pango_layout_get_line_count(layout) - 1);
-    for (GSList* entry = last->runs; entry; entry = entry->next) {
-        auto* const run = static_cast<PangoLayoutRun*>(entry->data);
-        if (run->item->analysis.flags & PANGO_ANALYSIS_FLAG_IS_ELLIPSIS) return run;
-    }
-    return nullptr;
-}
-
-// Pango widens the ellipsis until its line is as wide as the bound. The line shall end where its ink does.
-void takePaddingOff(PangoLayoutRun& run) {
-    for (int i = 0; i < run.glyphs->num_glyphs; ++i) {
-        PangoGlyphInfo& glyph = run.glyphs->glyphs[i];
-        PangoRectangle logical;
-        pango_font_get_glyph_extents(run.item->analysis.font, glyph.glyph, nullptr, &logical);
-        glyph.geometry.width = logical.width;
-        glyph.geometry.x_offset = 0;
-    }
-}
-
-// The advance of the blanks that end a line. Pango itself leaves out only the last one.
-double blanksWidth(const PangoLayoutLine& line) {
-    const char* const text = pango_layout_get_text(line.layout);
-    int end = line.start_index + line.length;
-    while (end > line.start_index && (text[end - 1] == ' ' || text[end - 1] == '\t')) --end;
-    double width = 0;
-    for (GSList* entry = line.runs; entry; entry = entry->next) {
-        const auto& run = *static_cast<PangoLayoutRun*>(entry->data);
-        for (int i = 0; i < run.glyphs->num_glyphs; ++i)
-            if (run.item->offset + run.glyphs->log_clusters[i] >= end)
-                width += points(run.glyphs->glyphs[i].geometry.width);
-    }
-    return width;
+// The text's bytes and the numbers', as a key.
+std::string keyOf(std::string_view text, std::initializer_list<double> numbers) {
+    std::string key;
+    key.reserve(text.size() + numbers.size() * sizeof(double));
+    key.append(text);
+    key.append(reinterpret_cast<const char*>(numbers.begin()), numbers.size() * sizeof(double));
+    return key;
 }
 
 }  // namespace
@@ -127,6 +44,7 @@ struct PangoTextEngine::State {
     static constexpr std::size_t longestRemembered = 4096;
 
     State() : fonts(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT)) {
+        preferSansFaces(fonts.get());
         context.reset(pango_font_map_create_context(fonts.get()));
         const CairoFontOptionsPtr options(cairo_font_options_create());
         cairo_font_options_set_antialias(options.get(), CAIRO_ANTIALIAS_GRAY);
@@ -135,54 +53,44 @@ struct PangoTextEngine::State {
         pango_cairo_context_set_font_options(context.get(), options.get());
         pango_context_set_round_glyph_positions(context.get(), FALSE);
         pango_context_set_language(context.get(), pango_language_from_string("en"));
-        // A line that breaks inside a word is the word's own characters.
-        pango_attr_list_insert(withoutHyphens.get(), pango_attr_insert_hyphens_new(FALSE));
     }
 
-    Paragraph shape(std::string text, const Font& font, std::optional<double> width, int lines) const {
-        Paragraph paragraph{ObjectPtr<PangoLayout>(pango_layout_new(context.get())), std::move(text), false};
-        PangoLayout* const layout = paragraph.layout.get();
-        pango_layout_set_font_description(layout, description(font).get());
-        pango_layout_set_attributes(layout, withoutHyphens.get());
-        pango_layout_set_text(layout, paragraph.text.data(), static_cast<int>(paragraph.text.size()));
-        if (width && std::isfinite(*width)) {
-            constexpr double widest = 1e6;  // fits Pango's integers
-            const double units = std::ceil(std::clamp(*width, 0.0, widest) * PANGO_SCALE);
-            pango_layout_set_width(layout, static_cast<int>(units));
-            pango_layout_set_wrap(layout, PANGO_WRAP_WORD_CHAR);
-            pango_layout_set_ellipsize(layout, PANGO_ELLIPSIZE_END);
-            pango_layout_set_height(layout, -lines);
+    const Typeface& typeface(const Font& font) {
+        const std::pair key{font.size, static_cast<int>(font.weight)};
+        const auto found = typefaces.find(key);
+        if (found != typefaces.end()) return found->second;
+        return typefaces.try_emplace(key, context.get(), font).first->second;
+    }
+
+    // Measured once, whatever the widths that it is laid out in.
+    std::shared_ptr<Paragraph> paragraph(std::string_view text, const Font& font) {
+        std::shared_ptr<Paragraph> made;
+        std::shared_ptr<Paragraph>* place = &made;
+        if (text.size() <= longestRemembered) {
+            if (paragraphs.size() >= mostRemembered) paragraphs.clear();
+            place = &paragraphs[keyOf(text, {font.size, static_cast<double>(font.weight)})];
         }
-        if (PangoLayoutRun* const cutAway = ellipsisRun(layout)) {
-            takePaddingOff(*cutAway);
-            paragraph.text.resize(static_cast<std::size_t>(cutAway->item->offset));
-            paragraph.text += ellipsis;
-            paragraph.cut = true;
-        }
-        return paragraph;
+        if (!*place) *place = std::make_shared<Paragraph>(displayable(text), typeface(font));
+        return *place;
     }
 
     // The paragraph on at most that many lines. Of a long one only as much is shaped as these lines can show.
-    Paragraph shapeParagraph(std::string_view text, const Font& font, std::optional<double> width, int lines,
-                             bool moreFollows) const {
-        const bool wraps = width && std::isfinite(*width);
+    Paragraph::Lines lines(std::string_view text, const Font& font, int bound, int mostLines, bool moreFollows) {
+        const bool wraps = bound != Paragraph::unbounded;
         for (std::size_t bytes = wraps ? 2048 : longestLine;; bytes *= 2) {
             const std::string_view part = text.substr(0, unicode::clusterBoundary(text, bytes));
             const bool whole = part.size() == text.size();
-            const bool long_ = !whole && (!wraps || bytes >= longestLine * static_cast<std::size_t>(lines));
-            Paragraph paragraph = shape(displayable(part), font, width, lines);
-            if (paragraph.cut) return paragraph;
-            if (!whole && !long_) continue;
-
-            const bool full = pango_layout_get_line_count(paragraph.layout.get()) >= lines;
-            if (!long_ && !(moreFollows && full)) return paragraph;
-            paragraph = shape(std::move(paragraph.text) + std::string(ellipsis), font, width, lines);
-            paragraph.cut = true;
-            return paragraph;
+            const bool enough = whole || !wraps || bytes >= longestLine * static_cast<std::size_t>(mostLines);
+            Paragraph::Lines lines = paragraph(part, font)->lines(bound, mostLines, enough && (moreFollows || !whole));
+            if (lines.cut || whole) return lines;
+            if (!enough) continue;
+            // Nothing but what has no width fills the lines.
+            lines.cut = true;
+            return lines;
         }
     }
 
-    TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) const {
+    TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) {
         const auto shaped = std::make_shared<ShapedText>();
         TextBlock block;
         bool more = true;
@@ -191,30 +99,53 @@ struct PangoTextEngine::State {
             const std::size_t enough = 2 * longestLine * static_cast<std::size_t>(mostLines - block.lines);
             const std::string_view line = takeParagraph(text, enough);
             more = line.size() < before.size();  // a break followed, and with it another paragraph
+            const bool moreShows = more && !withoutBlankStart(text).empty();
             if (block.lines > 0) block.text += '\n';
 
-            Paragraph paragraph = shapeParagraph(line, font, width, mostLines - block.lines, more);
-            const int lines = pango_layout_get_line_count(paragraph.layout.get());
-            for (int i = 0; i < lines; ++i) {
-                PangoLayoutLine* const shapedLine = pango_layout_get_line_readonly(paragraph.layout.get(), i);
-                PangoRectangle logical;
-                pango_layout_line_get_extents(shapedLine, nullptr, &logical);
-                const double blanks = i + 1 < lines ? blanksWidth(*shapedLine) : 0;
-                block.width = std::max(block.width, points(logical.width) - blanks);
-                shaped->lines.push_back(shapedLine);
-                ++block.lines;
-            }
-            block.cut = paragraph.cut;
-            block.text += paragraph.text;
-            shaped->paragraphs.push_back(std::move(paragraph.layout));
+            Paragraph::Lines lines = this->lines(line, font, units(width), mostLines - block.lines, moreShows);
+            block.lines += pango_layout_get_line_count(lines.layout.get());
+            block.cut = lines.cut;
+            block.text += lines.text;
+            shaped->paragraphs.push_back(std::move(lines.layout));
         }
+        addLines(*shaped, block, font);
         block.shaped = shaped;
         return block;
     }
 
+    void addLines(ShapedText& shaped, TextBlock& block, const Font& font) const {
+        const double furthest = 1.5 * font.size;  // marks can be piled up without end
+        for (const auto& paragraph : shaped.paragraphs)
+            for (GSList* entry = pango_layout_get_lines_readonly(paragraph.get()); entry; entry = entry->next) {
+                auto* const line = static_cast<PangoLayoutLine*>(entry->data);
+                PangoRectangle logical;
+                pango_layout_line_get_extents(line, nullptr, &logical);
+                block.width = std::max(block.width, points(logical.width));
+                const FontMetrics ink = inkOfOtherFaces(*line);
+                block.otherFaces.ascent = std::max(block.otherFaces.ascent, std::min(ink.ascent, furthest));
+                block.otherFaces.descent = std::max(block.otherFaces.descent, std::min(ink.descent, furthest));
+                shaped.lines.push_back(line);
+            }
+    }
+
+    FontMetrics inkOfOtherFaces(const PangoLayoutLine& line) const {
+        FontMetrics furthest;
+        for (GSList* entry = line.runs; entry; entry = entry->next) {
+            auto* const run = static_cast<PangoLayoutRun*>(entry->data);
+            PangoFont* const font = run->item->analysis.font;
+            if (isSystemFace(font)) continue;
+            PangoRectangle ink;
+            pango_glyph_string_extents(run->glyphs, font, &ink, nullptr);
+            furthest.ascent = std::max(furthest.ascent, points(-ink.y));
+            furthest.descent = std::max(furthest.descent, points(ink.y + ink.height));
+        }
+        return furthest;
+    }
+
     ObjectPtr<PangoFontMap> fonts;
     ObjectPtr<PangoContext> context;
-    PangoAttrListPtr withoutHyphens{pango_attr_list_new()};
+    std::map<std::pair<double, int>, Typeface> typefaces;
+    std::unordered_map<std::string, std::shared_ptr<Paragraph>> paragraphs;
     std::unordered_map<std::string, TextBlock> remembered;
     std::unordered_map<int, FontMetrics> metricsByWeight;  // at size 1
 };
@@ -228,7 +159,7 @@ FontMetrics PangoTextEngine::metrics(const Font& font) {
     FontMetrics& unit = entry->second;
     if (isNew) {
         const ObjectPtr<PangoFont> loaded(
-            pango_font_map_load_font(state_->fonts.get(), state_->context.get(), description(font).get()));
+            pango_font_map_load_font(state_->fonts.get(), state_->context.get(), state_->typeface(font).description()));
         hb_font_extents_t extents{};
         if (loaded) hb_font_get_h_extents(pango_font_get_hb_font(loaded.get()), &extents);
         unit = {points(extents.ascender) / font.size, points(-extents.descender) / font.size};
@@ -237,16 +168,22 @@ FontMetrics PangoTextEngine::metrics(const Font& font) {
 }
 
 TextBlock PangoTextEngine::layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) {
-    if (text.empty()) return {};
-    if (text.size() > State::longestRemembered) return state_->layOut(text, font, width, mostLines);
-
-    std::string key(text);
-    const double numbers[] = {font.size, static_cast<double>(font.weight), width.value_or(-1),
-                              static_cast<double>(mostLines)};
-    key.append(reinterpret_cast<const char*>(numbers), sizeof numbers);
-    if (const auto found = state_->remembered.find(key); found != state_->remembered.end()) return found->second;
+    const bool remembers = text.size() <= State::longestRemembered;
+    std::string key;
+    if (remembers) {
+        key = keyOf(text,
+                    {font.size, static_cast<double>(font.weight), width.value_or(-1), static_cast<double>(mostLines)});
+        const auto found = state_->remembered.find(key);
+        if (found != state_->remembered.end()) return found->second;
+    }
+    TextBlock block = state_->layOut(text, font, width, mostLines);
+    if (block.cut) {
+        const std::string_view shown = withoutBlankLinesAtStart(text);
+        if (shown.size() < text.size()) block = state_->layOut(shown, font, width, mostLines);
+    }
+    if (!remembers) return block;
     if (state_->remembered.size() >= State::mostRemembered) state_->remembered.clear();
-    return state_->remembered.emplace(std::move(key), state_->layOut(text, font, width, mostLines)).first->second;
+    return state_->remembered.emplace(std::move(key), std::move(block)).first->second;
 }
 
 }  // namespace orvel

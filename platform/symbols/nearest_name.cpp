@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/symbols/symbol_name.h"
+
 namespace orvel {
 namespace {
 
@@ -28,16 +30,6 @@ std::size_t letterDistance(std::string_view a, std::string_view b) {
 
 using Words = std::vector<std::string_view>;
 
-Words words(std::string_view name) {
-    Words result;
-    while (true) {
-        const auto dot = name.find('.');
-        result.push_back(name.substr(0, dot));
-        if (dot == name.npos) return result;
-        name.remove_prefix(dot + 1);
-    }
-}
-
 std::size_t wordDistance(const Words& a, const Words& b) {
     constexpr std::size_t insertion = 3;
     constexpr std::size_t shortest = 3;  // letters that tell which word it is
@@ -48,27 +40,18 @@ std::size_t wordDistance(const Words& a, const Words& b) {
     });
 }
 
-std::string spelledLikeKnown(std::string_view name) {
-    std::string result(name);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-        if (c == '_' || c == '-' || c == ' ') c = '.';
-    }
-    return result;
-}
-
 }  // namespace
 
 std::optional<std::string> nearestName(std::string_view name, const std::vector<std::string>& known) {
     constexpr std::size_t longest = 64;
     if (name.size() > longest) return std::nullopt;
-    const std::string spelled = spelledLikeKnown(name);
-    const Words spelledWords = words(spelled);
+    const std::string spelled = symbol_name::spelled(name);
+    const Words spelledWords = symbol_name::words(spelled);
     const std::string* nearest = nullptr;
     std::size_t least = spelled.size() / 3 + 1;
     for (const std::string& candidate : known) {
         const std::size_t distance =
-            std::min(letterDistance(spelled, candidate), wordDistance(spelledWords, words(candidate)));
+            std::min(letterDistance(spelled, candidate), wordDistance(spelledWords, symbol_name::words(candidate)));
         if (distance < least) {
             least = distance;
             nearest = &candidate;

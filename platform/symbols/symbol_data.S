@@ -15,5 +15,8 @@
     embed orvelSecondCodes, ORVEL_SECOND_CODES
     embed orvelRespelled, ORVEL_RESPELLED
     embed orvelSecondSet, ORVEL_SECOND_SET
+    embed orvelDrawn, ORVEL_DRAWN
+    embed orvelComposed, ORVEL_COMPOSED
+    embed orvelSynonyms, ORVEL_SYNONYMS
     embed orvelEnclosable, ORVEL_ENCLOSABLE
     .section .note.GNU-stack, "", %progbits

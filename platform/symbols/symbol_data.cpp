@@ -7,6 +7,9 @@ extern "C" const char orvelSecondFontFilled[], orvelSecondFontFilledEnd[];
 extern "C" const char orvelSecondCodes[], orvelSecondCodesEnd[];
 extern "C" const char orvelRespelled[], orvelRespelledEnd[];
 extern "C" const char orvelSecondSet[], orvelSecondSetEnd[];
+extern "C" const char orvelDrawn[], orvelDrawnEnd[];
+extern "C" const char orvelComposed[], orvelComposedEnd[];
+extern "C" const char orvelSynonyms[], orvelSynonymsEnd[];
 extern "C" const char orvelEnclosable[], orvelEnclosableEnd[];
 
 namespace orvel::symbol_data {
@@ -33,6 +36,18 @@ NameTable respelled() {
 
 NameTable secondSet() {
     return NameTable({orvelSecondSet, orvelSecondSetEnd});
+}
+
+NameTable drawn() {
+    return NameTable({orvelDrawn, orvelDrawnEnd});
+}
+
+NameTable composed() {
+    return NameTable({orvelComposed, orvelComposedEnd});
+}
+
+NameTable synonyms() {
+    return NameTable({orvelSynonyms, orvelSynonymsEnd});
 }
 
 NameTable enclosable() {

@@ -2,6 +2,7 @@
 // this vocabulary comes from: stacks serve priority groups, spacers come last, frames propose and report.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -38,11 +39,15 @@ struct PlacedCircle {
 
 /// A view with its size and its parts.
 struct Placed {
-    Point origin = {};  ///< in the parent's coordinates; outside the parent's box where this is larger
+    struct Part {
+        Point origin;  ///< in this view's coordinates; outside its box where the part is larger
+        std::shared_ptr<const Placed> placed;
+    };
+
     Size size = {};
     std::variant<std::monostate, PlacedText, PlacedSymbol, PlacedCircle> content = {};
     std::optional<node::Rotation> rotation = {};
-    std::vector<Placed> parts;
+    std::vector<Part> parts = {};
 };
 
 /// The gap between two neighbours of a stack without spacing; there is none beside a spacer.
@@ -52,10 +57,8 @@ inline constexpr double defaultSpacerLength = 8;
 /// A shape's side where none is proposed.
 inline constexpr double defaultShapeLength = 10;
 
-/// The primary to quaternary levels of the default style in dark appearance: white at these opacities.
-double opacity(HierarchicalShapeStyle level);
-
-Placed layOut(const View& view, const ProposedSize& proposal, const LayoutContext& context);
+/// Never null.
+std::shared_ptr<const Placed> layOut(const View& view, const ProposedSize& proposal, const LayoutContext& context);
 
 /// Where a box of that size lies in a container, as its top left corner.
 Point aligned(Size box, Size container, Alignment alignment);

@@ -27,6 +27,16 @@ struct PictureFailure {
     std::string reason;
 };
 
+/// Which fonts the machine has for texts.
+struct FontReport {
+    std::string systemFont;            ///< the family that is wanted
+    std::string family;                ///< the family that is used; another one where that isn't installed
+    std::vector<std::string> missing;  ///< of the scripts in wide use, those that no installed font has
+};
+
+/// An SVG's glyphs are outlines; the words can be there as well.
+enum class SvgText { none, selectable };
+
 /// Same scenes, same bytes. A renderer keeps what drawing again can use; it belongs to one thread.
 class Renderer {
 public:
@@ -36,14 +46,16 @@ public:
     virtual TextEngine& text() = 0;
     virtual const SymbolSet& symbols() const = 0;
 
+    virtual FontReport fonts() const = 0;
+
     /// Draws over what the pixels are, at their scale. False when memory runs out.
     virtual bool paint(const Picture& picture, const PixelBuffer& pixels) = 0;
 
     /// 32-bit RGBA; `scale` pixels to the point, sides rounded to whole pixels. Transparent outside the cards.
     virtual Result<std::string, PictureFailure> png(const Picture& picture, double scale) = 0;
 
-    /// Sizes in points; outlines for glyphs.
-    virtual Result<std::string, PictureFailure> svg(const Picture& picture) = 0;
+    /// A px to the point.
+    virtual Result<std::string, PictureFailure> svg(const Picture& picture, SvgText text) = 0;
 
     /// Sizes in points; text can be selected. The date is the document's creation date.
     virtual Result<std::string, PictureFailure> pdf(const Picture& picture, Date created) = 0;

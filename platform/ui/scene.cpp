@@ -51,7 +51,7 @@ public:
     void add(const Placed& placed, Point origin) {
         const std::size_t first = marks.size();
         std::visit([&](const auto& content) { add(content, Rect{origin, placed.size}); }, placed.content);
-        for (const Placed& part : placed.parts) add(part, {origin.x + part.origin.x, origin.y + part.origin.y});
+        for (const auto& [offset, part] : placed.parts) add(*part, {origin.x + offset.x, origin.y + offset.y});
 
         if (!placed.rotation) return;
         const UnitPoint anchor = placed.rotation->anchor;
@@ -100,73 +100,18 @@ private:
     const SymbolSet& symbols_;
 };
 
-void write(json::Writer& writer, const TextMark& text) {
-    writer.key("text").string(text.text);
-    writer.key("font").beginObject();
-    writer.key("size").number(text.font.size).key("weight").integer(static_cast<int>(text.font.weight));
-    writer.endObject();
-    writer.key("color").string(hexText(text.color));
-    writer.key("baseline").number(text.baseline).key("lines").integer(text.lines);
-}
-
-void write(json::Writer& writer, const SymbolMark& symbol) {
-    writer.key("name").string(symbol.name).key("color").string(hexText(symbol.color));
-}
-
-void write(json::Writer& writer, const CircleMark& circle) {
-    writer.key("color").string(hexText(circle.color));
-}
-
-void write(json::Writer& writer, const ArcMark& arc) {
-    writer.key("from").number(arc.from).key("to").number(arc.to).key("start").number(arc.startDegrees);
-    writer.key("width").number(arc.stroke.lineWidth).key("cap").string(name(arc.stroke.lineCap));
-    writer.key("color").string(hexText(arc.color));
-}
-
-constexpr const char* nameOf(const TextMark&) {
-    return "text";
-}
-constexpr const char* nameOf(const SymbolMark&) {
-    return "symbol";
-}
-constexpr const char* nameOf(const CircleMark&) {
-    return "circle";
-}
-constexpr const char* nameOf(const ArcMark&) {
-    return "arc";
-}
-
 }  // namespace
 
 Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
                 const SymbolSet& symbols) {
     const Size content{std::max(container.width - 2 * margin, 0.0), std::max(container.height - 2 * margin, 0.0)};
-    const Placed placed = layOut(view, {content.width, content.height}, context);
-    const Point origin = aligned(placed.size, content, Alignment::center);
+    const auto placed = layOut(view, {content.width, content.height}, context);
+    const Point centered = aligned(placed->size, content, Alignment::center);
+    const Point origin{std::max(centered.x, 0.0), std::max(centered.y, 0.0)};
 
     SceneBuilder builder(symbols);
-    builder.add(placed, {margin + origin.x, margin + origin.y});
+    builder.add(*placed, {margin + origin.x, margin + origin.y});
     return {container, containerBackground(view), std::move(builder.marks)};
-}
-
-void write(json::Writer& writer, const std::vector<Mark>& marks) {
-    writer.beginArray();
-    for (const Mark& mark : marks) {
-        std::visit(
-            [&](const auto& content) {
-                writer.beginObject().key("mark").string(nameOf(content));
-                writer.key("frame").beginArray();
-                for (const double number :
-                     {mark.frame.origin.x, mark.frame.origin.y, mark.frame.size.width, mark.frame.size.height})
-                    writer.number(number);
-                writer.endArray();
-                write(writer, content);
-                if (mark.rotationDegrees != 0) writer.key("rotation").number(mark.rotationDegrees);
-                writer.endObject();
-            },
-            mark.content);
-    }
-    writer.endArray();
 }
 
 }  // namespace orvel

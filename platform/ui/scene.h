@@ -9,7 +9,6 @@
 #include <variant>
 #include <vector>
 
-#include "platform/foundation/json_writer.h"
 #include "platform/ui/layout.h"
 #include "platform/ui/symbol_set.h"
 
@@ -57,12 +56,10 @@ struct Scene {
     std::vector<Mark> marks;
 };
 
-/// Lays the view out inside a container, centred within equal margins, and lists what it draws. Empty texts, empty arcs
-/// and symbols that aren't in the set leave no mark.
+/// Lays the view out inside a container, centred within equal margins, and lists what it draws. What is too large
+/// begins at the leading top corner, so that its beginning shows. Empty texts, empty arcs and symbols that aren't in
+/// the set leave no mark.
 Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
                 const SymbolSet& symbols);
-
-/// Writes the marks as an array of objects.
-void write(json::Writer& writer, const std::vector<Mark>& marks);
 
 }  // namespace orvel

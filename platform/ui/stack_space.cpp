@@ -3,11 +3,18 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/ui/geometry.h"
+
 namespace orvel {
 namespace {
 
 double flexibility(const StackChild& child) {
-    return child.maximum - child.minimum;
+    return child.maximum == child.minimum ? 0 : child.maximum - child.minimum;  // both may be infinite
+}
+
+/// What remains of a space; an infinite one has no end.
+double without(double length, double space) {
+    return space == infinity ? infinity : space - length;
 }
 
 // Highest priority first; within a priority the least flexible first.
@@ -35,13 +42,13 @@ std::vector<double> shareSpace(std::optional<double> available, std::span<const 
         const double reserved = std::accumulate(
             end, order.end(), 0.0, [&](double sum, std::size_t child) { return sum + children[child].minimum; });
 
-        double groupLeft = left - reserved;
+        double groupLeft = without(reserved, left);
         for (auto it = begin; it != end; ++it) {
             const auto sharers = static_cast<double>(end - it);
             const auto offer = available ? std::optional(std::max(groupLeft / sharers, 0.0)) : std::nullopt;
             lengths[*it] = choose(*it, offer);
-            groupLeft -= lengths[*it];
-            left -= lengths[*it];
+            groupLeft = without(lengths[*it], groupLeft);
+            left = without(lengths[*it], left);
         }
         begin = end;
     }

@@ -13,18 +13,19 @@ namespace orvel {
 /// A text engine's own form of laid-out lines, for its own painter.
 struct ShapedText;
 
-struct TextBlock {
-    double width = 0;  ///< of the widest line; white space at a wrapped line's end doesn't count
-    int lines = 0;     ///< 0 for an empty text
-    std::string text;  ///< what is shown: without control characters, and ending in "…" when cut
-    bool cut = false;
-    std::shared_ptr<const ShapedText> shaped = {};
-};
-
 /// Distances from the baseline, both positive.
 struct FontMetrics {
     double ascent = 0;
     double descent = 0;
+};
+
+struct TextBlock {
+    double width = 0;       ///< of the widest line; blanks at a line's end don't count
+    int lines = 0;          ///< an empty text is one line
+    std::string text = {};  ///< what is shown: without control characters, and ending in "…" when cut
+    bool cut = false;
+    FontMetrics otherFaces = {};  ///< how far the ink reaches of faces that stand in for the font's
+    std::shared_ptr<const ShapedText> shaped = {};
 };
 
 class TextEngine {
@@ -34,8 +35,10 @@ public:
     virtual FontMetrics metrics(const Font& font) = 0;
 
     /// Breaks the text at its own line breaks and, to keep within `width` (absent: no bound), between words, or inside
-    /// a word that is too wide on its own. Of more than `mostLines` (at least 1) lines the last one that remains is cut
-    /// with "…", never inside a grapheme cluster. Every line has at least one cluster, however narrow the width.
+    /// a word that is too wide on its own. Blanks hang over a line's end. Of more than `mostLines` (at least 1) lines
+    /// the last one that remains is cut with "…", never inside a cluster that people see as one character. Lines that
+    /// show nothing are the first to go: those at the end without a "…", then those at the start. Every line has at
+    /// least one letter, however narrow the width; no other line is wider than it.
     virtual TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) = 0;
 };
 

@@ -13,6 +13,7 @@ struct TextStyle {
     Font font = Font::body;
     std::optional<int> lineLimit = {};
     double minimumScaleFactor = 1;
+    friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
 struct FittedText {
@@ -27,8 +28,10 @@ struct FittedText {
 inline constexpr int mostTextLines = 64;
 
 /// A line is as high as the font's ascent and descent, rounded up to a whole point; the rest is shared evenly above and
-/// below. As many whole lines are kept as the offered height holds, but at least one. Scaling multiplies everything,
-/// without steps: it is the largest factor with which nothing is cut and the height suffices. Empty text has no size.
+/// below. Where another face stands in whose ink is higher, such as Tibetan's, that text's lines are as high as the
+/// ink. As many whole lines are kept as the offered height holds, but at least one. Scaling multiplies everything,
+/// without steps: it is the largest factor with which nothing more could be shown and the height suffices. Empty text
+/// is an empty line.
 FittedText fitText(std::string_view text, const TextStyle& style, const ProposedSize& proposal, TextEngine& engine);
 
 }  // namespace orvel

@@ -38,10 +38,8 @@ private:
     void add(std::string_view said) {
         if (said.empty()) return;
         if (!text.empty()) text += ", ";
-        for (const char c : said.substr(0, mostBytes)) {
-            const auto byte = static_cast<unsigned char>(c);
-            if (byte >= 0x20 && byte != 0x7F) text += c;
-        }
+        said = said.substr(0, mostBytes);
+        text += unicode::onOneLine(said.substr(0, unicode::validLength(said)));
     }
 
     const Localizer& localizer_;

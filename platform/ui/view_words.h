@@ -9,7 +9,7 @@
 namespace orvel {
 
 /// The texts in the tree's order, ", " between them, on one line; at most 200 characters, with "…" for what is cut.
-/// Control characters are left out.
+/// Control characters and line breaks are blanks.
 std::string words(const View& view, const Localizer& localizer);
 
 }  // namespace orvel

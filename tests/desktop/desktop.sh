@@ -63,6 +63,7 @@ design() {
     progress) echo '{"id":"2","kind":"progress","title":"Release","progress":0.5,'"$common}" ;;
     countdown) echo '{"id":"3","kind":"countdown","title":"Journey","targetISO8601":"2199-01-01",'"$common}" ;;
     list) echo '{"id":"4","kind":"list","title":"Today","items":["Bread","Tea","Apples"],'"$common}" ;;
+    local) echo '{"id":"7","kind":"countdown","title":"Local","targetISO8601":"2199-01-01 here",'"$common}" ;;
     note) echo '{"id":"5","kind":"note","title":"Note","primary":"Call back","secondary":"at noon",'"$common}" ;;
     *) echo '{"id":"6","kind":"note","title":"'"$1"'","primary":"'"$1"'",'"$common}" ;;
   esac
@@ -95,7 +96,8 @@ endsWhenAsked() {
   exits 0 0
 }
 # The screen. A server's test says how to take its picture, as $work/shot.ppm, and what the screen is: its scale, width
-# and height, and "cut" where the card's corners are cut out instead of blended.
+# and height, "cut" where the card's corners are cut out instead of blended, and the right and top edge of the room that
+# the card has, where that isn't the whole screen.
 screen=(1 0 0)
 desktop=""
 pixels() { awk -v points="$1" -v scale="${screen[0]}" 'BEGIN { printf "%d", points * scale + 0.5 }'; }
@@ -104,8 +106,8 @@ colour() { convert "$work/shot.ppm" -depth 8 -format "%[pixel:p{$1,$2}]" info: |
 # expect DESIGN: from now on the whole screen is to show the desktop's colour and, 24 points from its top right corner,
 # the card as the command draws it. What isn't opaque counts for nothing where the corners are cut out.
 expect() {
-  x=$((screen[1] - $(pixels 170) - $(pixels 24)))
-  y=$(pixels 24)
+  x=$((${screen[4]:-${screen[1]}} - $(pixels 170) - $(pixels 24)))
+  y=$((${screen[5]:-0} + $(pixels 24)))
   echo "[$(design "$1")]" > "$other/Library/Application Support/Orvel/widgets.json"
   NSS_WRAPPER_PASSWD=$other/passwd wrapped "$build/orvel" render --scale "${screen[0]}" -o "$work/card.png"
   convert -size "${screen[1]}x${screen[2]}" "xc:$desktop" "$work/card.png" -geometry "+$x+$y" -composite -depth 8 \
@@ -148,14 +150,15 @@ showsEveryKind() {
 }
 
 inPlace() { echo "[$(design "$1")]" > "$store/widgets.json"; }
-inNewFolder() { mkdir -p "$store" && put "$1"; }  # readers make it, too
+# Whoever reads the store makes its folder, perhaps while it is deleted.
+without() { until rm -rf "$1" 2> /dev/null; do :; done; }
+inNewFolder() { mkdir -p "$store" && put "$1"; }
 # The folder as a link, which is replaced in one step.
 linked() {
   mkdir "$work/$1"
   echo "[$(design "$1")]" > "$work/$1/widgets.json"
   ln -s "$work/$1" "$work/link"
-  [ -L "$store" ] || rm -rf "$store"
-  mv -T "$work/link" "$store"
+  until mv -T "$work/link" "$store" 2> /dev/null; do without "$store"; done
 }
 fileElsewhere() {
   echo "[$(design "$1")]" > "$work/elsewhere.json"
@@ -178,13 +181,13 @@ startsAndFollowsTheStore() {
   step "the store changes"
   become renamed put renamed
   become written inPlace written
-  become empty rm -rf "$store"
+  become empty without "$store"
   become again inNewFolder again
   become linked linked linked
   become swapped linked swapped
   become within put within
   become elsewhere fileElsewhere elsewhere
   become replaced replacedElsewhere replaced
-  become empty rm -rf "$work/Library"
+  become empty without "$work/Library"
   become back inNewFolder back
 }

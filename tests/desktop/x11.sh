@@ -63,6 +63,22 @@ screen=(1 640 480 cut)
 expect metric
 shows metric
 
+step "the primary monitor, and what panels leave of it"
+xrandr --setmonitor first 240/80x480/160+400+0 screen
+xrandr --setmonitor '*second' 400/133x480/160+0+0 none
+xprop -root -f _NET_WORKAREA 32c -set _NET_WORKAREA "0, 40, 640, 440"
+screen=(1 640 480 cut 400 40)
+expect metric
+shows metric
+[ "$("$build/orvel" outputs --json | tr -d '[]' | sed 's/},{/}\n{/' | sort)" = \
+  '{"name":"first","widthPx":240,"heightPx":480,"scale":1}
+{"name":"second","widthPx":400,"heightPx":480,"scale":1}' ] || fail "other outputs: $("$build/orvel" outputs --json)"
+xrandr --delmonitor first --delmonitor second
+xprop -root -remove _NET_WORKAREA
+screen=(1 640 480 cut)
+expect metric
+shows metric
+
 step "a compositing manager comes and goes"
 background picom --backend xrender --config /dev/null
 picom=${started[-1]}
@@ -80,10 +96,11 @@ become note put note
 
 step "a window manager"
 background openbox --sm-disable
-eventually is _NET_FRAME_EXTENTS "0, 0, 0, 0"
+managed() { xprop -root _NET_CLIENT_LIST 2> /dev/null | grep -q 'window id'; }
+eventually managed
 shows
-eventually is _NET_WM_DESKTOP 4294967295  # all of them
-for state in BELOW SKIP_TASKBAR SKIP_PAGER; do eventually is _NET_WM_STATE "*_NET_WM_STATE_$state*"; done
+xprop -root _NET_CLIENT_LIST | grep -qi "$(printf '%x' "$(window)")" && fail "the window manager frames it"
+eventually is _NET_WM_PID "$(pgrep -P $$ -f orvel-widget | head -1)"
 eventually is WM_CLASS '*"orvel-widget"*'
 eventually is _NET_WM_NAME '"Call back, NOTE, at noon"'
 put "another"
@@ -92,15 +109,38 @@ xdotool mousemove $((x + 85)) $((y + 85))
 [ "$(xdotool getmouselocation --shell | sed -n 's/^WINDOW=//p')" != "$(window)" ] || fail "it takes clicks"
 endsWhenAsked
 
-step "without the drawing libraries"
+step "without the drawing libraries, and when they are there again"
 mkdir -p "$work/alone/bin"
-cp "$build/orvel-widget" "$work/alone/bin"
-start "$work/alone/bin/orvel-widget"
+cp "$build/orvel" "$work/alone/bin"
+start "$work/alone/bin/orvel" desktop --anchor bottom
 eventually is _NET_WM_NAME '"*another*"'
 put "words"
 eventually is _NET_WM_NAME '"*words*"'
+cp "$build/orvel-renderer.so" "$work/alone/bin"
+put "words"
+isAtTheBottom() {
+  takePicture && [ "$(colour 237 380) $(colour 233 380)" = "srgb(22,22,25) $desktop" ] &&
+    [ "$(colour 320 454) $(colour 320 457)" = "srgb(22,22,25) $desktop" ]
+}
+eventually isAtTheBottom
 kill "$widget"
 exits 0 1  # said once
+
+step "the time zone changes"
+if unshare -rm true 2> /dev/null; then
+  cp -r /etc "$work" 2> /dev/null || true
+  zone() { ln -sf "/usr/share/zoneinfo/Etc/$1" "$work/etc/new" && mv -f "$work/etc/new" "$work/etc/localtime"; }
+  zone GMT+12
+  put local
+  start unshare -rm sh -c 'mount --bind "$1" /etc && exec "$2"' sh "$work/etc" "$build/orvel-widget"
+  eventually is _NET_WM_NAME '"*LOCAL"'
+  said=$(property _NET_WM_NAME)
+  zone GMT-14
+  saysAnother() { ! is _NET_WM_NAME "$said"; }
+  eventually saysAnother
+  endsWhenAsked
+  put words
+fi
 
 step "started without a monitor, and what it had prepared has gone"
 xrandr --output screen --off 2> /dev/null || true

@@ -35,6 +35,11 @@ TEST_F(PosixFilesTest, ReplacesInOneStepAndKeepsModesAndLinks) {
     EXPECT_EQ(mode(folder / "new"), 0640u);
 
     ASSERT_EQ(::chmod((folder / "new").c_str(), 0604), 0);
+    EXPECT_TRUE(files.replace(folder / "new", "1", NewFile::ownerOnly)) << "keeps its mode";
+    EXPECT_TRUE(files.replace(folder / "private", "1", NewFile::ownerOnly));
+    EXPECT_EQ(mode(folder / "private"), 0600u);
+    EXPECT_EQ(*files.names(folder), (std::vector<std::string>{"new", "private"}));
+    fs::remove(folder / "private");
     fs::create_symlink("new", folder / "link");
     fs::create_symlink("link", folder / "link to link");
     EXPECT_TRUE(files.replace(folder / "link to link", "2"));
@@ -48,6 +53,21 @@ TEST_F(PosixFilesTest, ReplacesInOneStepAndKeepsModesAndLinks) {
     EXPECT_EQ(names(), (std::set<std::string>{"new", "link", "link to link", "dangling", "not yet"})) << "no leftovers";
 }
 
+TEST_F(PosixFilesTest, WaitsForALockOnlySoLong) {
+    using namespace std::chrono_literals;
+    std::vector<std::string> holders;
+    const LockWait wait{.most = 60ms, .silent = 20ms, .tell = [&](const auto& holder) { holders.push_back(holder); }};
+    auto held = files.lock(folder, wait);
+    ASSERT_TRUE(held);
+    EXPECT_EQ(files.lock(folder, wait).failure().code, std::errc::timed_out);
+    EXPECT_EQ(files.lock(folder, {.most = 0s}).failure().code, std::errc::timed_out);
+    held->reset();
+    EXPECT_TRUE(files.lock(folder, wait));
+    ASSERT_EQ(holders.size(), 1u);
+    const std::string here = "process " + std::to_string(::getpid()) + " (test_foundation)";
+    EXPECT_TRUE(holders[0] == here || holders[0] == "another process") << holders[0];
+}
+
 TEST_F(PosixFilesTest, ChangesNothingWhenItFails) {
     fs::create_directory(folder / "folder");
     ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
@@ -58,6 +78,7 @@ TEST_F(PosixFilesTest, ChangesNothingWhenItFails) {
     EXPECT_EQ(names(), before);
     EXPECT_TRUE(fs::is_fifo(folder / "fifo"));
     EXPECT_FALSE(files.remove(folder / "missing"));
+    EXPECT_FALSE(files.names(folder / "missing"));
     EXPECT_FALSE(files.createFolders(folder / "fifo" / "below"));
 }
 

@@ -7,14 +7,15 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <utility>
+#include <filesystem>
+#include <string>
 
 using namespace orvel::test;
 
 namespace {
 
-void note(Call call) {
-    if (record) record->push_back(std::move(call));
+void note(const char* call, int file) {
+    calls.push_back(call + std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file)).string());
 }
 
 }  // namespace
@@ -35,20 +36,16 @@ int __wrap_open(const char* name, int flags, ...) {
     va_start(arguments, flags);
     const auto mode = flags & O_CREAT ? va_arg(arguments, mode_t) : 0;
     va_end(arguments);
-    const int file = fault.strikes("open") ? -1 : __real_open(name, flags, mode);
-    if (file >= 0 && flags & O_CREAT) note({Call::Kind::create, file, name});
-    if (file >= 0 && flags & O_DIRECTORY) note({Call::Kind::openFolder, file, name});
-    return file;
+    return fault.strikes("open") ? -1 : __real_open(name, flags, mode);
 }
 ssize_t __wrap_write(int file, const void* bytes, size_t size) {
     const ssize_t count = fault.strikes("write") ? -1 : __real_write(file, bytes, std::min(size, longestWrite));
-    if (count > 0)
-        note({Call::Kind::write, file, {}, {static_cast<const char*>(bytes), static_cast<std::size_t>(count)}});
+    if (count > 0) note("write ", file);
     return count;
 }
 int __wrap_fsync(int file) {
     const int result = fault.strikes("fsync") ? -1 : __real_fsync(file);
-    if (result == 0) note({Call::Kind::sync, file});
+    if (result == 0) note("sync ", file);
     return result;
 }
 int __wrap_fchmod(int file, mode_t mode) {
@@ -60,7 +57,7 @@ int __wrap_close(int file) {
 }
 int __wrap_rename(const char* from, const char* to) {
     const int result = fault.strikes("rename") ? -1 : __real_rename(from, to);
-    if (result == 0) note({Call::Kind::rename, -1, from, {}, to});
+    if (result == 0) calls.push_back(std::string("rename ") + to);
     return result;
 }
 ssize_t __wrap_read(int file, void* bytes, size_t size) {

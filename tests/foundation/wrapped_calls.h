@@ -1,4 +1,4 @@
-// The system calls of the file layer, made to fail or written down. The linker puts these before the C library's
+// The system calls of the file layer, made to fail or listed. The linker puts these before the C library's
 // (--wrap), so the code under test is the product's own, unchanged.
 #pragma once
 
@@ -25,14 +25,8 @@ struct Fault {
 inline Fault fault;
 inline std::size_t longestWrite = SIZE_MAX;
 
-/// A call that has succeeded. `file` is the descriptor; `name` what was opened or renamed.
-struct Call {
-    enum class Kind { create, openFolder, write, sync, rename } kind;
-    int file = -1;
-    std::string name = {};
-    std::string bytes = {};    // written
-    std::string newName = {};  // of a renaming
-};
-inline std::vector<Call>* record = nullptr;  ///< where calls are written down, if anywhere
+/// The calls that have succeeded, of those that matter when power is lost: "write /path", "sync /path", and "rename
+/// /to".
+inline std::vector<std::string> calls;
 
 }  // namespace orvel::test

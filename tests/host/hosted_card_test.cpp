@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include "platform/host/hosted_card.h"
-#include "platform/host/own_process.h"
+#include "platform/host/child_process.h"
 #include "platform/ui/view_words.h"
 #include "tests/support/fakes.h"
 
@@ -88,14 +89,14 @@ TEST_F(OneHostedCard, ChangesWithTheStoreOnlyWhenItsViewDoes) {
     EXPECT_EQ(shown(card), "new");
 }
 
-TEST(OwnProcess, AnswersOrEndsHoweverItGoes) {
+TEST(ChildProcess, AnswersOrEndsHoweverItGoes) {
     const auto answer = [](FunctionRef<void()> getReady, std::size_t length) {
         const auto work = [&](const Channel& channel) {
             getReady();
             std::string text(length, ' ');
             if (channel.receive(text.data(), length)) channel.send(text.data(), length);
         };
-        const Channel channel = startOwnProcess(work, std::chrono::seconds(1));
+        const Channel channel = forkChild(work, std::chrono::seconds(1));
         const std::string question(length, 'x');
         std::string text(length, ' ');
         return channel.send(question.data(), length) && channel.receive(text.data(), length) && text == question;
@@ -111,10 +112,28 @@ TEST(OwnProcess, AnswersOrEndsHoweverItGoes) {
     EXPECT_FALSE(answer(stops, 5'000'000));
 }
 
+TEST(ChildProcess, EndsWhenItsParentHasGone) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);  // the child holds its writing end for as long as it lives
+    {
+        const Channel channel = forkChild(
+            [](const Channel& mine) {
+                char question;
+                mine.receive(&question, 1);
+            },
+            std::chrono::seconds(20));
+    }
+    ::close(ends[1]);
+    pollfd reading{ends[0], POLLIN, 0};
+    EXPECT_EQ(::poll(&reading, 1, 5000), 1);
+    ::close(ends[0]);
+}
+
 TEST(ViewWords, AreTheTextsOnOneLineAndOfBoundedLength) {
     const auto said = [](const View& view) { return words(view, KeysThemselves()); };
-    EXPECT_EQ(said(VStack()({Text("42"), Image::systemName("flag"), Text(""), HStack()({Text("a\nb"), Spacer()})})),
-              "42, ab");
+    EXPECT_EQ(
+        said(VStack()({Text("42"), Image::systemName("flag"), Text(""), HStack()({Text("a\nb\u009B"), Spacer()})})),
+        "42, a b ");
     EXPECT_EQ(said(Text(LocalizedStringKey::interpolation().integer(38).literal("%"))), "38%");
 
     std::string longText;

@@ -125,6 +125,7 @@ TEST(WidgetStore, KeepsOnePendingDesign) {
     WidgetStore::setPending(design("A", "kept"), machine.platform);
     EXPECT_EQ(WidgetStore::pending(machine.platform), design("A", "kept"));
     EXPECT_EQ(WidgetStore::pending(machine.platform), design("A", "kept")) << "reading leaves it";
+    EXPECT_TRUE(machine.files.contents.contains(std::string(FakeMachine::storeFolder) + "widget_pending.json"));
     EXPECT_TRUE(WidgetStore::load(machine.platform).empty());
 
     machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };

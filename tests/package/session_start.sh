@@ -33,10 +33,10 @@ configuration=""
 # Literally: quoted for the entry's command line and then for its file format; a percent sign twice, in the unit too.
 has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }
 has "$entry" "Exec=sh \"$work/a b\\\\\$c%%d/libexec/orvel/start-card\""
-has "$entry" "TryExec=$work/a b\$c%d/bin/orvel-widget"
-has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel-widget\""
+has "$entry" "TryExec=$work/a b\$c%d/bin/orvel"
+has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" desktop"
 script=$prefix/libexec/orvel/start-card
-program=$prefix/bin/orvel-widget
+program=$prefix/bin/orvel
 if command -v desktop-file-validate > /dev/null; then
     [ -z "$(desktop-file-validate "$entry")" ] || fail "$(desktop-file-validate "$entry")"
 fi
@@ -52,11 +52,16 @@ cat > "$work/bin/systemctl" <<'SH'
 echo "systemctl $*" >> "$calls"
 [ "$2" != start ] || exit "$answer"
 SH
+mv "$program" "$program.moved"
+said=$(env NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0 \
+    LD_PRELOAD=libnss_wrapper.so "$program.moved" autostart 2>&1)
+[ "$said" = "orvel: warning: $entry starts $program, which is gone; orvel autostart on mends it
+on" ] || fail "$said"
 cat > "$program" <<'SH'
 #!/bin/sh
-echo "card" >> "$calls"
+echo "card $*" >> "$calls"
 SH
-chmod +x "$work/bin/systemctl"
+chmod +x "$work/bin/systemctl" "$program"
 export calls="$work/calls"
 started() { # with that PATH and that answer of systemctl
     : > "$calls"
@@ -65,9 +70,11 @@ started() { # with that PATH and that answer of systemctl
 }
 [ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start orvel-widget.service" ] || fail "two cards: $(cat "$calls")"
 grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the unit isn't told of the display"
-[ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = card ] || fail "no card where systemd doesn't know the unit"
-[ "$(started "$work/none" 0)" = card ] || fail "no card without systemd"
+[ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = "card desktop" ] || fail "no card where systemd doesn't know the unit"
+[ "$(started "$work/none" 0)" = "card desktop" ] || fail "no card without systemd"
 
-orvel autostart off
+mv "$program.moved" "$program"
+env NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0 \
+    LD_PRELOAD=libnss_wrapper.so "$program" autostart off
 [ ! -e "$entry" ] || fail "it isn't off"
 echo "started with a session: all well"

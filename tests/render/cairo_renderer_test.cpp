@@ -61,7 +61,10 @@ constexpr std::uint32_t blue = 0xFF0000FF;
 View ring(double progress) {
     return ZStack()({
                         Circle().stroke(Color{0, 1, 0}, {.lineWidth = 8}),
-                        Circle().trim(0, progress).stroke(Color{1, 0, 0}, {.lineWidth = 8}).rotationEffect({-90}),
+                        Circle()
+                            .trim(0, progress)
+                            .stroke(Color{1, 0, 0}, {.lineWidth = 8, .lineCap = LineCap::round})
+                            .rotationEffect({-90}),
                     })
         .frame(FixedFrame{.width = 62, .height = 62});
 }
@@ -83,6 +86,7 @@ TEST(Picture, PaintsTheCardsShapeAtEveryScale) {
         EXPECT_EQ(pixels.at(px(85 + 22), px(85 - 22)), 0xFFFF0000);
         EXPECT_EQ(pixels.at(px(85 + 22), px(85 + 22)), 0xFF00FF00);
         EXPECT_EQ(pixels.at(px(85 - 22), px(85 - 22)), 0xFF00FF00);
+        EXPECT_EQ(pixels.at(px(85 - 2), px(85 - 31)), 0xFFFF0000) << "its end is round";
         EXPECT_EQ(pixels.at(px(85), px(85 + 31)), 0xFF00FF00);
         EXPECT_EQ(pixels.at(px(85), px(85 + 37)), blue);
     }
@@ -92,8 +96,8 @@ TEST(Picture, CutsWhatLeavesTheShape) {
     Studio studio;
     const View large = Circle().fill(Color{1, 0, 0}).frame(FixedFrame{.width = 400, .height = 400});
     const Pixels pixels(*studio.renderer->png(studio.picture(large), 1));
-    EXPECT_EQ(pixels.at(0, 0), 0u);
-    EXPECT_EQ(pixels.at(7, 7), 0xFFFF0000);
+    EXPECT_EQ(pixels.at(169, 169), 0u);
+    EXPECT_EQ(pixels.at(162, 162), 0xFFFF0000);
 }
 
 // The pixels that differ from the background, as a box in points.
@@ -123,6 +127,18 @@ TEST(Picture, DrawsTextWhereTheLayoutPutIt) {
     }
 }
 
+TEST(Picture, MovesTextByQuartersOfAPixel) {
+    Studio studio;
+    std::set<std::string> pictures;
+    for (const double indent : {20.0, 20.25, 20.5, 20.75}) {
+        const View empty = Text("").frame(FixedFrame{.width = indent, .height = 1});
+        const View row = HStack(VerticalAlignment::top, 0)({empty, Text("HEH")});
+        pictures.insert(*studio.renderer->png(
+            studio.picture(row.frame({.maxWidth = infinity, .alignment = Alignment::topLeading})), 1));
+    }
+    EXPECT_EQ(pictures.size(), 4u);
+}
+
 TEST(Picture, DrawsColourGlyphsSymbolsAndBoxesForWhatNoFontHas) {
     Studio studio;
     const auto large = [&](const View& view) {
@@ -133,6 +149,17 @@ TEST(Picture, DrawsColourGlyphsSymbolsAndBoxesForWhatNoFontHas) {
     for (int y = 40; y < 130; ++y)
         for (int x = 40; x < 130; ++x) colors.insert(emoji.at(x, y));
     EXPECT_GT(colors.size(), 100u) << "in its own colours";
+
+    // On blue, red tells how much of the white is laid on.
+    const auto strongestRed = [&](const char* text) {
+        std::uint32_t most = 0;
+        const Pixels pixels = large(Text(text).foregroundStyle(HierarchicalShapeStyle::tertiary));
+        for (int y = 0; y < pixels.height(); ++y)
+            for (int x = 0; x < pixels.width(); ++x) most = std::max(most, pixels.at(x, y) >> 16 & 0xFF);
+        return most;
+    };
+    for (const char* joined : {"नमस्ते", "مرحبا", "বাংলা"}) EXPECT_NEAR(strongestRed(joined), 0.25 * 255, 1) << joined;
+    EXPECT_LT(strongestRed("🥑"), 0.26 * 255) << "colours of their own are as faint as the text";
 
     const Rect symbol = ink(large(Image::systemName("flag.fill")), 1);
     EXPECT_NEAR(symbol.center().x, 85, 2);

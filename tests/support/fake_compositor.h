@@ -51,11 +51,6 @@ public:
         int ends[2];
         if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) std::abort();
         client_ = wl_client_create(display_, ends[0]);
-        clientGone_.self = this;
-        clientGone_.listener.notify = [](wl_listener* listener, void*) {
-            reinterpret_cast<Gone*>(listener)->self->client_ = nullptr;
-        };
-        wl_client_add_destroy_listener(client_, &clientGone_.listener);
         ::setenv("WAYLAND_SOCKET", std::to_string(ends[1]).c_str(), 1);
         wakeSource_ =
             wl_event_loop_add_fd(wl_display_get_event_loop(display_), wake_, WL_EVENT_READABLE, perform, this);
@@ -118,11 +113,6 @@ public:
     void destroyClient() { wl_client_destroy(client_); }
 
 private:
-    struct Gone {
-        wl_listener listener;
-        FakeCompositor* self;
-    };
-
     void offer(const wl_interface& interface, int version) {
         struct Global {
             FakeCompositor* self;
@@ -164,8 +154,8 @@ private:
             if (type == 'i' || type == 'u') request += " " + std::to_string(arguments[index].i);
             if (type == 's') request += std::string(" ") + arguments[index].s;
             if (type == 'n')
-                add(wl_resource_create(client_, message.types[index], wl_resource_get_version(resource),
-                                       arguments[index].n));
+                add(wl_resource_create(wl_resource_get_client(resource), message.types[index],
+                                       wl_resource_get_version(resource), arguments[index].n));
             ++index;
         }
         const bool isDestruction = message.name == std::string_view("destroy");
@@ -221,7 +211,6 @@ private:
     int wake_;
     wl_event_source* wakeSource_;
     wl_client* client_;
-    Gone clientGone_;
     std::vector<std::unique_ptr<Output>> outputs_;
     std::vector<std::unique_ptr<void, void (*)(void*)>> globals_;
     bool attached_ = false;

@@ -30,30 +30,47 @@ class MemoryFiles : public Files {
 public:
     std::map<std::string, std::string> contents;
     std::set<std::string> folders;
+    std::set<std::string> ownerOnly;                ///< files that only the person may read
     std::vector<std::string> calls;                 ///< "read /path", in order
     std::function<bool(const std::string&)> fails;  ///< told of each call; true makes it fail
+    std::errc failure = std::errc::io_error;        ///< and this is why
+    bool syncs = true;                              ///< whether a replacement is certain to stay
 
     Result<std::string, FileFailure> read(const std::filesystem::path& path) override {
-        if (failing("read " + path.string()) || !contents.contains(path.string())) return missing("open");
+        if (failing("read " + path.string())) return failed("open");
+        if (!contents.contains(path.string())) return missing("open");
         return contents.at(path.string());
     }
-    Result<Done, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes) override {
-        if (failing("replace " + path.string())) return missing("write");
+    Result<Replaced, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes,
+                                          NewFile newFile = NewFile::asUmaskAllows) override {
+        if (failing("replace " + path.string())) return failed("write");
+        if (newFile == NewFile::ownerOnly && !contents.contains(path.string())) ownerOnly.insert(path.string());
         contents[path.string()] = bytes;
-        return Done{};
+        return syncs ? Replaced{} : Replaced{failed("sync the folder")};
     }
     Result<Done, FileFailure> remove(const std::filesystem::path& path) override {
-        if (failing("remove " + path.string()) || contents.erase(path.string()) == 0) return missing("delete");
+        if (failing("remove " + path.string())) return failed("delete");
+        if (contents.erase(path.string()) == 0) return missing("delete");
         return Done{};
     }
     Result<Done, FileFailure> createFolders(const std::filesystem::path& path) override {
-        if (failing("createFolders " + path.string())) return missing("create");
+        if (failing("createFolders " + path.string())) return failed("create");
         folders.insert(path.string());
         return Done{};
     }
-    Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder) override {
-        if (failing("lock " + folder.string())) return missing("lock");
-        return std::make_unique<FolderLock>();
+    Result<std::vector<std::string>, FileFailure> names(const std::filesystem::path& folder) override {
+        if (failing("names " + folder.string())) return failed("list");
+        std::vector<std::string> names;
+        for (const auto& [path, bytes] : contents)
+            if (std::filesystem::path(path).parent_path() == (folder / "").parent_path())
+                names.push_back(std::filesystem::path(path).filename());
+        return names;
+    }
+    Result<std::unique_ptr<FolderLock>, FileFailure> lock(const std::filesystem::path& folder,
+                                                          const LockWait& wait = {}) override {
+        if (!failing("lock " + folder.string())) return std::make_unique<FolderLock>();
+        if (failure == std::errc::timed_out) wait.tell("process 7 (other)");
+        return failed("lock");
     }
 
 private:
@@ -61,6 +78,7 @@ private:
         calls.push_back(call);
         return fails && fails(call);
     }
+    FileFailure failed(const char* operation) const { return {operation, std::make_error_code(failure)}; }
     static FileFailure missing(const char* operation) {
         return {operation, std::make_error_code(std::errc::no_such_file_or_directory)};
     }
@@ -73,20 +91,18 @@ public:
     std::string processHomeDirectory() const override { return "/process/home"; }
     std::optional<std::string> configuration = {};
     std::optional<std::string> configurationDirectory() const override { return configuration; }
+    std::optional<std::string> state = "/state";
+    std::optional<std::string> stateDirectory() const override { return state; }
 };
 
-/// A zone given by its changes: each offset holds from its instant on, the first one since ever.
-class TableZone final : public TimeZone {
+/// A zone whose clocks never change.
+class FixedZone final : public TimeZone {
 public:
-    explicit TableZone(std::chrono::seconds offset) : changes_{{std::chrono::sys_seconds::min(), offset}} {}
-    TableZone(std::chrono::seconds before, std::chrono::sys_seconds change, std::chrono::seconds after)
-        : changes_{{std::chrono::sys_seconds::min(), before}, {change, after}} {}
-    std::optional<std::chrono::seconds> utcOffset(std::chrono::sys_seconds instant) const override {
-        return std::prev(changes_.upper_bound(instant))->second;
-    }
+    explicit FixedZone(std::chrono::seconds offset) : offset_(offset) {}
+    std::optional<std::chrono::seconds> utcOffset(std::chrono::sys_seconds) const override { return offset_; }
 
 private:
-    std::map<std::chrono::sys_seconds, std::chrono::seconds> changes_;
+    std::chrono::seconds offset_;
 };
 
 class CountingIdentities final : public IdentitySource {
@@ -102,7 +118,7 @@ struct FakeMachine {
     TickingClock clock{Date{1000}};
     MemoryFiles files;
     FakeAccounts accounts;
-    TableZone zone{std::chrono::hours{2}};
+    FixedZone zone{std::chrono::hours{2}};
     CountingIdentities identities;
     Platform platform{clock, files, accounts, zone, identities};
 

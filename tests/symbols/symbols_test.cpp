@@ -4,7 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <span>
+#include <sstream>
 
 #include "platform/symbols/symbol_data.h"
 
@@ -33,6 +37,16 @@ Rect box(const SymbolOutline& outline) {
             top = std::min(top, point.y), bottom = std::max(bottom, point.y);
         }
     return {{left, top}, {right - left, bottom - top}};
+}
+
+std::string textOf(const char* path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+NameTable nearNames() {
+    static const std::string text = textOf(ORVEL_NEAR_NAMES);
+    return NameTable(text);
 }
 
 TEST(Symbols, AreFoundByNameAndNothingElse) {
@@ -69,11 +83,51 @@ TEST(Symbols, TablesNameWhatTheFontsHave) {
         EXPECT_TRUE(symbols.contains(name)) << name << " -> " << icon;
         EXPECT_TRUE(icon.ends_with("-fill") || symbols.contains(std::string(name) + ".fill")) << name;
     }
+    for (const auto& [name, parts] : symbol_data::composed().entries())
+        EXPECT_TRUE(symbols.contains(name)) << name << " -> " << parts;
     for (const auto& [name, weight] : symbol_data::enclosable().entries()) EXPECT_TRUE(symbols.contains(name)) << name;
+    for (const auto& [name, picture] : nearNames().entries()) EXPECT_TRUE(symbols.contains(name)) << name;
+    for (const auto& [word, targets] : symbol_data::synonyms().entries()) {
+        std::istringstream each{std::string(targets)};
+        for (std::string target; each >> target;) EXPECT_TRUE(symbols.contains(target)) << word << " -> " << target;
+        EXPECT_FALSE(targets.empty()) << word;
+    }
     for (const auto& table :
-         {symbol_data::respelled(), symbol_data::secondSet(), symbol_data::secondCodes(), symbol_data::enclosable()})
+         {symbol_data::respelled(), symbol_data::secondSet(), symbol_data::secondCodes(), symbol_data::composed(),
+          symbol_data::drawn(), symbol_data::enclosable(), symbol_data::synonyms(), nearNames()})
         for (const auto& [name, value] : table.entries())
             EXPECT_EQ(table.find(name), value) << name << " is out of order";
+}
+
+TEST(Symbols, LogosOfCompaniesAreNone) {
+    const Symbols symbols;
+    const auto isLogo = [](std::string_view text) {
+        return text.find("logo") != text.npos || text.find("lego") != text.npos;
+    };
+    for (const char* name : {"logo.android", "logo.google", "logo.linkedin", "logo.twitter.fill", "logo.github.circle",
+                             "github.logo", "amazon.logo.fill"})
+        EXPECT_FALSE(symbols.contains(name)) << name;
+    for (const std::string& name : symbols.names()) EXPECT_FALSE(isLogo(name)) << name;
+    // Neither under another name, nor as a part.
+    for (const auto& table : {symbol_data::respelled(), symbol_data::secondSet(), symbol_data::composed()})
+        for (const auto& [name, value] : table.entries()) EXPECT_FALSE(isLogo(value)) << name << " -> " << value;
+}
+
+// The file says which pictures are only near, and docs/symbols.md how many.
+TEST(Symbols, AreCountedAsTheyAre) {
+    const auto names = Symbols().names();
+    const NameTable nearTable = nearNames();
+    const auto isNear = [&](std::string name) {
+        for (const char* ending : {".fill", ".circle", ".square", ".slash"}) {
+            if (nearTable.find(name)) return true;
+            if (name.ends_with(ending)) name.resize(name.size() - std::string_view(ending).size());
+        }
+        return nearTable.find(name).has_value();
+    };
+    const auto nearCount = std::ranges::count_if(names, isNear);
+    const auto count = static_cast<std::ptrdiff_t>(names.size());
+    const std::string expected = "| " + std::to_string(count - nearCount) + " | " + std::to_string(nearCount) + " | ";
+    EXPECT_NE(textOf(ORVEL_SYMBOLS_DOCUMENT).find(expected), std::string::npos) << expected;
 }
 
 TEST(Symbols, AFilledOneIsAnother) {
@@ -116,12 +170,57 @@ TEST(Symbols, AreCutOutOfFilledShapes) {
 
 TEST(Symbols, NearestIsWhatWasProbablyMeant) {
     const Symbols symbols;
-    const std::pair<const char*, const char*> cases[] = {
-        {"flag.fill", "flag.fill"},   {"calender", "calendar"},       {"flga.fill", "flag.fill"},
-        {"flag_fill", "flag.fill"},   {"Heart.Filled", "heart.fill"}, {"figure.running", "figure.run"},
-        {"heart.fill.", "heart.fill"}};
+    const std::pair<const char*, const char*> cases[] = {{"flag.fill", "flag.fill"},
+                                                         {"calender", "calendar"},
+                                                         {"flga.fill", "flag.fill"},
+                                                         {"flag_fill", "flag.fill"},
+                                                         {"Heart.Filled", "heart.fill"},
+                                                         {"figure.running", "figure.run"},
+                                                         {"heart.fill.", "heart.fill"},
+                                                         {"user", "person"},
+                                                         {"user.circle.fill", "person.circle.fill"},
+                                                         {"Home", "house"},
+                                                         {"shopping_cart", "cart"},
+                                                         {"to-do", "checklist"},
+                                                         {"settings.2", "gearshape.2"}};
     for (const auto& [name, nearest] : cases) EXPECT_EQ(symbols.nearest(name), nearest) << name;
     for (const char* name : {"", "x", "quantum flux"}) EXPECT_EQ(symbols.nearest(name), std::nullopt) << name;
+}
+
+TEST(Symbols, AreFoundByEverydayWords) {
+    const Symbols symbols;
+    const struct {
+        const char* words;
+        std::vector<std::string> first;  ///< what is found first, in this order
+        const char* also;                ///< what is found too
+        const char* not_;                ///< what isn't
+    } cases[] = {
+        {"house", {"house", "house.alt", "house.circle"}, "bolt.house", "person"},  // its words before others' words
+        {"home", {"house"}, "music.note.house", "person"},
+        {"Home", {"house"}, "house.fill", "person"},
+        {"homes", {"house"}, "house.fill", "person"},
+        {"calendars", {"calendar"}, "calendar.circle", "house"},
+        {"weather", {"cloud.sun", "sun.max", "cloud.rain"}, "wind.snow", "house"},  // synonyms before their kin
+        {"user.fill", {"person.fill"}, "person.2.fill", "person"},                  // each word by itself
+        {"cart shopping", {"cart"}, "cart.fill", "bag"},
+        {"to do", {"checklist", "list.bullet", "checkmark.circle"}, "list.bullet.indent", "house"},
+        {"timer", {"timer"}, "timer.circle", "hourglass"},
+        {"time", {"clock", "timer", "hourglass"}, "timelapse", "house"},  // a part of a word last
+        {"ruck.bo", {"truck.box"}, "truck.box.fill", "cart"},             // across words
+        {"flag_fill", {"flag.fill"}, "flag.circle.fill", "flag"},
+    };
+    for (const auto& [words, first, also, not_] : cases) {
+        const auto found = symbols.search(words);
+        ASSERT_GE(found.size(), first.size()) << words;
+        EXPECT_TRUE(std::ranges::equal(first, std::span(found).first(first.size()))) << words << ": " << found[0];
+        EXPECT_NE(std::ranges::find(found, also), found.end()) << words;
+        EXPECT_EQ(std::ranges::find(found, not_), found.end()) << words;
+    }
+    EXPECT_EQ(symbols.search(""), symbols.names());
+    EXPECT_EQ(symbols.search(" . "), symbols.names());
+    for (const std::string& nothing :
+         {std::string("calender"), std::string("house calender"), std::string(10'000, 'a')})
+        EXPECT_TRUE(symbols.search(nothing).empty()) << nothing.substr(0, 20);
 }
 
 TEST(NameTable, FindsWholeNamesOnly) {

@@ -59,12 +59,11 @@ TEST_F(AutostartCommand, SaysInOneLineWhatFailed) {
 
     install();
     machine.files.fails = [](const std::string& call) { return call.starts_with("createFolders"); };
-    EXPECT_EQ(run({"autostart", "on"}).err,
-              "orvel: /home/ada/.config/autostart: can't create: No such file or directory\n");
+    EXPECT_EQ(run({"autostart", "on"}).err, "orvel: /home/ada/.config/autostart: can't create: Input/output error\n");
     machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };
     const Answer unwritable = run({"autostart", "on"});
     EXPECT_EQ(unwritable.code, failed);
-    EXPECT_EQ(unwritable.err, "orvel: " + entry + ": can't write: No such file or directory\n");
+    EXPECT_EQ(unwritable.err, "orvel: " + entry + ": can't write: Input/output error\n");
     EXPECT_EQ(files().size(), 1U);
 }
 

@@ -25,11 +25,13 @@ protected:
         std::istringstream in(input);
         std::ostringstream out;
         std::ostringstream err;
-        const int code =
-            tools::run(static_cast<int>(arguments.size()), arguments.data(), machine.platform, {in, out, err});
+        const int code = tools::run(static_cast<int>(arguments.size()), arguments.data(), machine.platform,
+                                    {in, out, err, columns, isInteractive});
         return {code, out.str(), err.str()};
     }
     test::FakeMachine machine;
+    std::optional<std::size_t> columns = {};  ///< of the terminal that the command prints on
+    bool isInteractive = false;
 };
 
 }  // namespace orvel::tools

@@ -4,7 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "tools/documentation.h"
+#include "tools/documentation/documentation.h"
 
 namespace orvel::tools {
 namespace {

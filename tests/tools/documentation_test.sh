@@ -48,7 +48,7 @@ for path in "${!options[@]}"; do
     [ "$path" = orvel ] && heading=".SH OPTIONS"
     section=$(awk -v heading="$heading" '/^\.S[HS]/ { inside = $0 == heading } inside' page)
     [ -n "$section" ] || fail "the page has no section for $path"
-    found=$(grep -A1 '^\.TP' <<< "$section" | grep -oE '^(-[a-z], )?--[a-z-]+' | sed 's/.*--/--/' | oneLine || true)
+    found=$(grep -A1 '^\.TP' <<< "$section" | grep -oE '^(-[a-zA-Z], )?--[a-z-]+' | sed 's/.*--/--/' | oneLine || true)
     expected=${options[$path]}
     # Help is explained once.
     [ "$path" = orvel ] || expected=$(tr ' ' '\n' <<< "$expected" | { grep -vx -e --help || true; } | oneLine)
@@ -72,7 +72,7 @@ for path in "${!options[@]}"; do
     [ -z "${subcommands[$path]}" ] || expect "bash, $path" "$(bashProposes $path "")" "${subcommands[$path]}"
 done
 ids='6F1A 7A-two x\ \$\(touch\ evil\)'
-expect "a beginning" "$(bashProposes orvel re)" "remove render"
+expect "a beginning" "$(bashProposes orvel re)" "remove render restore"
 expect "choices" "$(bashProposes orvel render --family "")" "medium small"
 expect "choices after =" "$(bashProposes orvel render --family =)" "medium small"
 expect "a choice after =" "$(bashProposes orvel render --family = s)" "small"
@@ -83,7 +83,7 @@ expect "files for an argument" "$(bashProposes orvel pending set "")" "(-o defau
 expect "files to redirect to" "$(bashProposes orvel list ">" "")" "(-o default)"
 expect "ids" "$(bashProposes orvel front "")" "$ids"
 expect "ids, of another set" "$(bashProposes orvel set 7)" "7A-two"
-expect "one id only" "$(bashProposes orvel front 6F1A "")" "--help -h"
+expect "one id only" "$(bashProposes orvel front 6F1A "")" "--help --wait -h"
 expect "several ids" "$(bashProposes orvel remove 6F1A 7)" "7A-two"
 expect "an id after --" "$(bashProposes orvel remove -- "")" "$ids"
 expect "symbols" "$(bashProposes orvel add --symbol fl)" "flag flag.fill"
@@ -91,6 +91,11 @@ expect "symbols for a field" "$(bashProposes orvel set 7A-two symbol =)" "flag f
 expect "some of them" "$(bashProposes orvel set 7A-two symbol = h)" "heart"
 expect "in one word" "$(bashProposes orvel set 7A-two symbol=h)" "symbol=heart"
 expect "none for other fields" "$(bashProposes orvel set 7A-two title = fl)" ""
+expect "fields" "$(bashProposes orvel set 7A-two t)" "(-o nospace) target= title="
+expect "kinds for a field" "$(bashProposes orvel set 7A-two kind = n)" "note"
+expect "colours for a field" "$(bashProposes orvel set 7A-two accent=re)" "accent=red"
+expect "colours" "$(bashProposes orvel add --accent bl)" "blue"
+expect "commands to explain" "$(bashProposes orvel help inp)$(bashProposes orvel help ins)" "inspect"
 expect "free text" "$(bashProposes orvel render --at "")" ""
 expect "ids of a command that fails" "$(orvel() { return 1; }; bashProposes orvel front "" 2>&1)" ""
 
@@ -112,6 +117,9 @@ if has fish; then
     expect "fish, symbols" "$(fishProposes "orvel add --symbol h")" "heart"
     expect "fish, symbols for a field" "$(fishProposes "orvel set 7A-two symbol=f")" "symbol=flag symbol=flag.fill"
     expect "fish, none for others" "$(fishProposes "orvel set 7A-two title=f")" ""
+    expect "fish, fields" "$(fishProposes "orvel set 7A-two ti")" "title="
+    expect "fish, kinds for a field" "$(fishProposes "orvel set 7A-two kind=n")" "kind=note"
+    expect "fish, colours for a field" "$(fishProposes "orvel set 7A-two accent=re")" "accent=red"
     expect "fish, one id only" "$(fishProposes "orvel front 6F1A ")" ""
     expect "fish, several ids" "$(fishProposes "orvel remove 6F1A 7")" "7A-two"
 fi
@@ -125,7 +133,8 @@ done
 if has zsh; then
     lines=("orvel gal" "orvel render --fam" "orvel render --family s" "orvel pending set ca" "orvel front 7"
         "orvel set 7A-two ca" "orvel pending ac" "orvel remove 6F1A 7" "orvel list --json --id"
-        "orvel add --symbol h" "orvel set 7A-two title=a symbol=h" "orvel set 7A-two title=h")
+        "orvel add --symbol h" "orvel set 7A-two title=a symbol=h" "orvel set 7A-two title=h"
+        "orvel set 7A-two tit" "orvel set 7A-two kind=n" "orvel set 7A-two accent=re")
     expect "zsh" "$(HOME=$work zsh -f "$here/complete_in_zsh.zsh" "$documents" "${lines[@]}")" \
 "orvel gallery
 orvel render --family=
@@ -138,11 +147,14 @@ orvel remove 6F1A 7A-two
 orvel list --json --id
 orvel add --symbol heart
 orvel set 7A-two title=a symbol=heart
-orvel set 7A-two title=h"
+orvel set 7A-two title=h
+orvel set 7A-two title=
+orvel set 7A-two kind=note
+orvel set 7A-two accent=red"
 fi
 
 [ ! -e evil ] || fail "an id was evaluated"
 mkdir again
-"$build/orvel_documentation" again
+"$build/tools/documentation/orvel_documentation" again
 diff -r "$documents" again || fail "another run writes other texts"
 echo "manual page and completions: all well"

@@ -1,45 +1,19 @@
-// The commands that keep the designs, and those that say what is kept.
+// The commands that keep the designs.
 #include <algorithm>
+#include <utility>
 
 #include "model/widget_spec_json.h"
-#include "model/widget_store.h"
-#include "tests/tools/command_fixture.h"
+#include "tests/tools/store_fixture.h"
 
 namespace orvel::tools {
 namespace {
-
-class StoreCommand : public Command {
-protected:
-    // Designs with these ids, all of them notes.
-    void store(const std::vector<const char*>& ids) {
-        std::vector<WidgetSpec> specs;
-        for (const char* id : ids)
-            specs.push_back(WidgetSpec({.id = id,
-                                        .title = "title",
-                                        .kind = WidgetSpec::Kind::note,
-                                        .symbol = "flag.fill",
-                                        .primary = "text",
-                                        .createdAt = Date{}}));
-        WidgetStore::save(specs, machine.platform);
-        machine.files.calls.clear();
-    }
-    // A whole record with these fields; where it has a field twice, the first one counts.
-    static std::string record(const std::string& fields) {
-        return "{" + fields + R"(,"id":"A","title":"é","accentHex":"#fff","symbol":"flag.fill","createdAt":0})";
-    }
-    std::vector<WidgetSpec> stored() { return WidgetStore::load(machine.platform); }
-    std::string ids() {
-        std::string ids;
-        for (const auto& spec : stored()) ids += spec.id + " ";
-        return ids;
-    }
-};
 
 TEST_F(StoreCommand, AddsFromOptionsAndReplacesTheSameId) {
     const Answer added = run({"add", "--kind", "list", "--title", "Food", "--item", "a", "--item", "b c", "--symbol",
                               "cart", "--accent", "#0af", "--secondary", "s", "--primary", "p", "--progress", "0.25"});
     EXPECT_EQ(added.out, "ID-1\n");
-    EXPECT_EQ(added.err, "");
+    for (const char* hidden : {"symbol", "secondary", "primary", "progress"})
+        EXPECT_NE(added.err.find(std::string("a list card doesn't show its ") + hidden), std::string::npos) << hidden;
     EXPECT_TRUE(machine.storedList().starts_with(
         R"([{"id":"ID-1","title":"Food","kind":"list","accentHex":"#0af","symbol":"cart","primary":"p",)"
         R"("secondary":"s","items":["a","b c"],"progress":0.25,"createdAt":)"))
@@ -57,18 +31,27 @@ TEST_F(StoreCommand, AddsRecordsAndFillsInWhatIsMissing) {
     EXPECT_EQ(stored()[0].symbol, "square.grid.2x2");
     const Answer limited = run({"add", "--json", "-"},
                                R"({"id":"A","kind":"list","title":"t","symbol":"","items":["1","2","3","4","5","6"],
-                                        "progress":2,"createdAt":5,"accentHex":"#fff"})");
-    EXPECT_EQ(limited.err, "orvel: warning: 6 items, of which 5 are kept\norvel: warning: progress 2 is kept as 1\n");
+                                        "progress":2,"createdAt":5,"accentHex":"#fff","primry":""})");
+    EXPECT_EQ(limited.err,
+              "orvel: warning: 6 items, of which 5 are kept\n"
+              "orvel: warning: progress 2 is kept as 1; did you mean 2%, which is 0.02?\n"
+              "orvel: warning: \"primry\" is no field of a design and is ignored; did you mean \"primary\"?\n"
+              "orvel: warning: a list card doesn't show its progress\n");
     EXPECT_EQ(stored()[0].createdAt, Date{5});
+    const char* const whole =
+        R"({"id":"W","title":"t","kind":"note","accentHex":"#fff","symbol":"flag.fill","primary":"p",)"
+        R"("secondary":"s","items":["i"],"progress":0.5,"targetISO8601":"2026-01-01","createdAt":5})";
+    EXPECT_EQ(run({"add", "--json", "-"}, whole).code, done);
+    EXPECT_EQ(WidgetSpecJSON::encode(stored()[0]), whole);
     const Answer bad = run({"add", "--json", "-"}, R"({"kind":"note"})");
-    EXPECT_EQ(bad.err, "orvel: standard input: \"title\" is missing\n");
+    EXPECT_EQ(bad.err, "orvel: standard input:1:1: \"title\" is missing\n");
     EXPECT_EQ(bad.code, failed);
-    EXPECT_EQ(ids(), "A ID-1 ");
+    EXPECT_EQ(ids(), "W A ID-1 ");
 }
 
 TEST_F(StoreCommand, TurnsAPersonsTargetsIntoFullTimes) {
     const auto add = [&](const char* target) {
-        return run({"add", "--kind=countdown", "--title=T", "--symbol=flag.fill", "--target", target});
+        return run({"add", "--kind=countdown", "--title=T", "--symbol=flag.fill", "--accent=blue", "--target", target});
     };
     // The fake machine's zone is two hours east; its clock begins at 2001-01-01T00:16:40Z, and ticks a few seconds.
     const struct {
@@ -110,8 +93,48 @@ TEST_F(StoreCommand, ChangesFieldsInPlace) {
     for (const char* change :
          {"title", "size=3", "kind=Note", "progress=half", "progress=inf", "target=soon", "--unset=title"})
         EXPECT_EQ(run({"set", "B", "title=x", change}).code, wrongUsage) << change;
+    EXPECT_EQ(run({"set", "B", "prim=1"}).err, "orvel: no field is called \"prim\"; did you mean \"primary\"?\n");
     EXPECT_EQ(run({"set", "B"}).code, wrongUsage);
     EXPECT_EQ(machine.storedList(), before);
+}
+
+TEST_F(StoreCommand, UnderstandsWhatAPersonWritesAlikeInAddAndSet) {
+    const struct {
+        const char* field;
+        const char* given;
+        const char* stored;  // the end of the record before createdAt; null when it is refused
+        const char* warning = "";
+    } cases[] = {
+        {"progress", "0.38", R"("progress":0.38)"},
+        {"progress", "38%", R"("progress":0.38)"},
+        {"progress", "38 %", R"("progress":0.38)"},
+        {"progress", "19/50", R"("progress":0.38)"},
+        {"progress", "38", R"("progress":1)", "progress 38 is kept as 1; did you mean 38%, which is 0.38?"},
+        {"progress", "-1", R"("progress":0)", "progress -1 is kept as 0"},
+        {"progress", "half", nullptr, "a number from 0 to 1 is wanted, such as 0.38, 38% or 19/50"},
+        {"progress", "1/0", nullptr},
+        {"progress", "%", nullptr},
+        {"item", "a,b", R"("items":["a,b"])"},
+        {"accent", "Orange", R"("accentHex":"#FF9F0A")"},
+        {"accent", "orenge", R"("accentHex":"orenge")", "did you mean orange, which is #FF9F0A?"},
+        {"accent", "0x0A84FFCC", R"("accentHex":"0x0A84FFCC")", "did you mean \"#0A84FF\"?"},
+        {"accent", "#777", R"("accentHex":"#777")"},
+        {"accent", "#555", R"("accentHex":"#555")", "its contrast is 2.4 : 1"},
+    };
+    for (const auto& c : cases) {
+        store({"A"});
+        const std::string option = std::string("--") + c.field + "=" + c.given;
+        const std::string assignment = std::string(c.field) + "=" + c.given;
+        for (const Answer& answer : {run({"set", "A", assignment.c_str()}),
+                                     run({"add", "--kind=note", "--title=t", "--id=A", option.c_str()})}) {
+            EXPECT_EQ(answer.code, c.stored ? done : wrongUsage) << assignment;
+            EXPECT_NE(answer.err.find(c.warning), std::string::npos) << answer.err;
+            const std::string stored = c.stored ? c.stored : "";
+            EXPECT_NE(machine.storedList().find(stored), std::string::npos) << machine.storedList();
+        }
+    }
+    EXPECT_EQ(run({"set", "A", "items=a, b"}).code, done);
+    EXPECT_EQ(stored()[0].items, (std::vector<std::string>{"a", "b"}));
 }
 
 TEST_F(StoreCommand, FindsDesignsByIdBeginningAndPosition) {
@@ -120,10 +143,9 @@ TEST_F(StoreCommand, FindsDesignsByIdBeginningAndPosition) {
         const char* reference;
         const char* remaining;  // after its removal
     } cases[] = {
-        {{"AB", "AC", "B"}, "AB", "AC B "}, {{"AB", "AC", "B"}, "b", "AB AC "},
-        {{"AB", "AC", "B"}, "@2", "AB B "}, {{"A", "AB"}, "A", "AB "},  // whole before beginning
-        {{"@2", "X", "Y"}, "@2", "X Y "},   {{"A", "B", "A"}, "A", "B "},
-        {{"A", "B", "A"}, "@3", "A B "},    {{"é"}, "e\u0301", ""},
+        {{"AB", "AC", "B"}, "AB", "AC B "}, {{"AB", "AC", "B"}, "b", "AB AC "}, {{"AB", "AC", "B"}, "@2", "AB B "},
+        {{"A", "AB"}, "A", "AB "},  // whole before beginning
+        {{"@2", "X", "Y"}, "@2", "X Y "},   {{"A", "B", "A"}, "@3", "A B "},    {{"é"}, "e\u0301", ""},
     };
     for (const auto& c : cases) {
         store(c.stored);
@@ -139,126 +161,70 @@ TEST_F(StoreCommand, FindsDesignsByIdBeginningAndPosition) {
     EXPECT_EQ(run({"remove", "@1", "@3"}).code, done);
     EXPECT_EQ(run({"front", "@2"}).code, done);
     EXPECT_EQ(ids(), "D B ");
-    store({"A", "A"});
-    EXPECT_EQ(run({"front", "A"}).code, failed) << "which of the two?";
+    store({"A", "A", "AB"});
+    for (const char* command : {"front", "remove"})
+        EXPECT_EQ(run({command, "A"}).err,
+                  "orvel: \"A\" is the id of several designs; name one by its position: @1 A (title), @2 A (title)\n");
+    EXPECT_EQ(ids(), "A A AB ");
+    store({"BA", "BB", "C"});
+    EXPECT_EQ(run({"front", "b"}).err, "orvel: \"b\" is the beginning of several ids: @1 BA (title), @2 BB (title)\n");
 }
 
-TEST_F(StoreCommand, ChangesUnderALockAndNeverOverAnUnreadableStore) {
-    store({"A"});
-    run({"front", "A"});
-    std::string verbs;
-    for (const std::string& call : machine.files.calls) verbs += call.substr(0, call.find(' ') + 1);
-    EXPECT_LT(verbs.find("lock"), verbs.find("read"));
-    EXPECT_LT(verbs.find("read"), verbs.find("replace"));
-
-    for (const char* invalid : {"", "[{}]", "not json"}) {
-        machine.files.contents.clear();
-        machine.storedList() = invalid;
-        EXPECT_EQ(run({"list"}).code, failed);
-        const Answer first = run({"add", "--kind", "note", "--title", "t"});
-        EXPECT_EQ(first.code, done);
-        EXPECT_NE(first.err.find("kept as "), std::string::npos) << first.err;
-        EXPECT_EQ(stored().size(), 1u);
-        machine.storedList() = std::string(invalid) + " ";
-        EXPECT_EQ(run({"remove", "X"}).code, failed);
-        const auto kept = std::ranges::count_if(machine.files.contents, [&](const auto& file) {
-            return file.first.find("widgets.json.invalid-") != std::string::npos && file.second.starts_with(invalid);
-        });
-        EXPECT_EQ(kept, 2) << "each under a name of its own";
-    }
-
-    const std::pair<const char*, std::string> failures[] = {{"replace", "not json"}, {"lock", "[]"}};
-    for (const auto& [verb, before] : failures) {
-        machine.storedList() = before;
-        machine.files.fails = [verb = verb](const std::string& call) { return call.starts_with(verb); };
-        EXPECT_EQ(run({"add", "--kind", "note", "--title", "t"}).code, failed);
-        EXPECT_EQ(machine.storedList(), before) << verb;
-    }
-}
-
-TEST_F(StoreCommand, ListsAsTableRecordsAndIds) {
-    EXPECT_EQ(run({"list"}).out, "");
-    store({"A", "B\x1B[2J"});
-    EXPECT_EQ(run({"list"}).out,
-              "    ID     KIND  TITLE  HEADLINE\n"
-              "@1  A      note  title  text\n"
-              "@2  B [2J  note  title  text\n");
-    EXPECT_EQ(run({"list", "--ids"}).out, "A\nB [2J\n");
-    EXPECT_EQ(run({"list", "--json"}).out, machine.storedList() + "\n");
-}
-
-TEST_F(StoreCommand, KeepsAPendingDesignAndAcceptsIt) {
-    store({"A"});
-    EXPECT_EQ(run({"pending"}).code, failed);
-    EXPECT_EQ(run({"pending", "--json"}).out, "null\n");
-    EXPECT_EQ(run({"pending", "accept"}).code, failed);
-    EXPECT_EQ(run({"pending", "clear"}).code, done);
-    EXPECT_EQ(run({"pending", "set", "-"}, R"({"id":"P","kind":"note","title":"t","primary":"p"})").code, done);
-    machine.files.fails = [](const std::string& call) { return call.starts_with("replace"); };
-    EXPECT_EQ(run({"pending", "accept"}).code, failed);
-    EXPECT_EQ(run({"pending"}).out, "t\np\n") << "not cleared before it is stored";
-    machine.files.fails = nullptr;
-    EXPECT_EQ(run({"pending", "accept"}).out, "P\n");
-    EXPECT_EQ(ids(), "P A ");
-    EXPECT_EQ(WidgetStore::pending(machine.platform), std::nullopt);
-}
-
-TEST_F(StoreCommand, ChecksWhatLoadsAndWhatWontShow) {
-    EXPECT_EQ(run({"check"}).code, done);
-    const std::string good = record(R"("kind":"metric")");
-    const Answer bad = run({"check", "-"}, "[" + good + ",\n  {\"title\":\"é\", \"id\":7}]");
-    EXPECT_EQ(bad.code, failed);
-    EXPECT_EQ(bad.err, "orvel: standard input:2:22: design @2: \"id\" has the wrong JSON type\n");
-    EXPECT_TRUE(run({"check", "-"}, "\xEF\xBB\xBF[\n{\"x\":\n tru}]").err.starts_with("orvel: standard input:3:2: "));
-
-    machine.storedList() = "[" + good;
-    for (const char* fields :
-         {R"("kind":"countdown","accentHex":"red","symbol":"flag.fil","targetISO8601":"2026-01-01T09:00")",
-          R"("kind":"countdown","id":"C","targetISO8601":"soon")",
-          R"("kind":"list","id":"L","symbol":"?","items":["","","","","",""],"progress":9)",
-          R"("kind":"progress","id":"P","progress":-0.5)"})
-        machine.storedList() += "," + record(fields);
-    machine.storedList() += "]";
-    const Answer warned = run({"check"});
-    EXPECT_EQ(warned.code, done);
-    EXPECT_EQ(warned.out, R"(design @2: accent "red" is no colour; the standard accent is used
-design @2: symbol "flag.fil" can't be drawn; the nearest is "flag.fill"
-design @2: target "2026-01-01T09:00" counts to local midnight; its time of day is dropped
-design @2: the id "A" is design @1's too
-design @3: target "soon" is no date; the card shows "—"
-design @4: 6 items, of which 5 are shown
-design @5: progress -0.5 is not from 0 to 1
-/home/ada/Library/Application Support/Orvel/widgets.json: 5 designs load
-)");
-}
-
-TEST_F(StoreCommand, ShowsTheCardAsWords) {
-    const char* const note = R"("kind":"note","title":"T","primary":"a <b> & c","secondary":"s")";
-    const char* const progress = R"("kind":"progress","title":"T","progress":1.7)";
-    const char* const list = R"("kind":"list","title":"T","items":["1","2","3","4","5","6"])";
-    const char* const countdown = R"("kind":"countdown","title":"T","targetISO8601":"2026-01-03")";
+TEST_F(StoreCommand, KeepsIdsApart) {
     const struct {
-        const char* form;
-        const char* fields;  // null for no design at all
-        const char* words;
-    } cases[] = {
-        {"", note, "T\na <b> & c\ns"},
-        {"--json", note, R"({"kind":"note","title":"T","headline":"a <b> & c","secondary":"s"})"},
-        {"--waybar", note, R"({"text":"a &lt;b&gt; &amp; c","tooltip":"T\na &lt;b&gt; &amp; c\ns","class":"note"})"},
-        {"", progress, "T\n170%"},
-        {"--waybar", progress, R"({"text":"170%","tooltip":"T\n170%","class":"progress","percentage":100})"},
-        {"", list, "T\n1\n2\n3\n4\n5"},
-        {"--json", list, R"({"kind":"list","title":"T","rows":["1","2","3","4","5"]})"},
-        {"", countdown, "T\n2 days"},
-        {"", nullptr, "Design one in Orvel"},
-        {"--json", nullptr, "null"},
-        {"--waybar", nullptr, R"({"text":"","tooltip":"Design one in Orvel","class":"empty"})"},
-    };
+        std::vector<const char*> command;
+        int code;
+        const char* ids;
+    } cases[] = {{{"set", "B", "id=A"}, failed, "A B é "},
+                 {{"set", "B", "id=e\u0301"}, failed, "A B é "},
+                 {{"set", "B", "id="}, wrongUsage, "A B é "},
+                 {{"add", "--kind=note", "--title=t", "--id="}, wrongUsage, "A B é "},
+                 {{"set", "B", "id=C", "title=x"}, done, "A C é "},
+                 {{"set", "é", "id=e\u0301"}, done, "A B e\u0301 "}};
     for (const auto& c : cases) {
-        std::vector<const char*> arguments{"show", "--design", "-", "--at", "2026-01-01T00:00:00Z"};
-        if (*c.form) arguments.push_back(c.form);
-        EXPECT_EQ(run(arguments, c.fields ? record(c.fields) : "[]").out, std::string(c.words) + "\n");
+        store({"A", "B", "é"});
+        EXPECT_EQ(run(c.command).code, c.code) << c.command[2];
+        EXPECT_EQ(ids(), c.ids) << c.command[2];
     }
+    EXPECT_EQ(run({"add", "--json", "-"}, record(R"("kind":"note","id":"")")).code, failed);
+    EXPECT_EQ(run({"pending", "set", "-"}, record(R"("kind":"note","id":"")")).code, done) << "it may be mended there";
+    EXPECT_EQ(run({"pending", "accept"}).code, failed);
+}
+
+TEST_F(StoreCommand, UpdatesInPlaceOrAdds) {
+    const struct {
+        std::vector<const char*> command;
+        int code;
+        const char* ids;
+        const char* primary;
+    } cases[] = {
+        {{"add", "--keep-place", "--id=B", "--primary=2"}, done, "A B C ", "2"},
+        {{"add", "--keep-place", "--id=N", "--kind=note", "--title=t", "--primary=2"}, done, "N A B C ", "text"},
+        {{"add", "--keep-place", "--id=N", "--kind=note", "--primary=2"}, wrongUsage, "A B C ", "text"},
+        {{"add", "--keep-place", "--primary=2", "--kind=note", "--title=t"}, wrongUsage, "A B C ", "text"},
+        {{"set", "--create", "B", "primary=2"}, done, "A B C ", "2"},
+        {{"set", "--create", "N", "primary=2", "kind=note", "title=t"}, done, "N A B C ", "text"},
+        {{"set", "--create", "N", "primary=2"}, wrongUsage, "A B C ", "text"},
+        {{"set", "--create", "b", "primary=2", "kind=note", "title=t"}, done, "b A B C ", "text"}};
+    for (const auto& c : cases) {
+        store({"A", "B", "C"});
+        EXPECT_EQ(run(c.command).code, c.code) << c.command[1] << c.command[2];
+        EXPECT_EQ(ids(), c.ids) << c.command[1] << c.command[2];
+        const auto all = stored();
+        const WidgetSpec& b = all.at(all.size() - 2);
+        EXPECT_EQ(b.primary, c.primary) << c.command[1] << c.command[2];
+        EXPECT_EQ(b.title + b.symbol, "titleflag.fill") << "what isn't given stays";
+    }
+    store({"A", "B"});
+    const auto before = machine.files.contents;
+    for (const std::vector<const char*>& same : std::vector<std::vector<const char*>>{
+             {"add", "--keep-place", "--id=B", "--primary=text"}, {"set", "B", "title=title"}, {"front", "A"}})
+        EXPECT_EQ(run(same).code, done);
+    for (const auto& call : machine.files.calls) EXPECT_FALSE(call.starts_with("replace")) << call;
+    EXPECT_EQ(machine.files.contents, before);
+    const Answer limited = run({"add", "--keep-place", "--id=B", "--progress=7"});
+    EXPECT_TRUE(limited.err.starts_with("orvel: warning: progress 7 is kept as 1; did you mean 7%")) << limited.err;
+    EXPECT_EQ(stored()[1].progress, 1);
 }
 
 }  // namespace

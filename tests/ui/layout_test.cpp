@@ -19,7 +19,8 @@ public:
     FontMetrics metrics(const Font& font) override { return {font.size * 0.75, font.size * 0.25}; }
 
     TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) override {
-        if (text.empty()) return {};
+        ++calls;
+        if (text.empty()) return {.lines = 1};
         const double advance = font.size / 2;
         const double perLine =
             width ? std::max(1.0, std::floor(*width / advance + 1e-9)) : static_cast<double>(text.size());
@@ -32,6 +33,8 @@ public:
         block.width = std::min(length, perLine) * advance;
         return block;
     }
+
+    int calls = 0;
 };
 
 struct OneSymbol final : SymbolSet {
@@ -44,7 +47,7 @@ struct Bench {
     KeysThemselves localizer;
     LayoutContext context{text, localizer};
 
-    Size fit(const View& view, ProposedSize proposal) { return layOut(view, proposal, context).size; }
+    Size fit(const View& view, ProposedSize proposal) { return layOut(view, proposal, context)->size; }
     Scene scene(const View& view, Size size, double margin = 0) {
         return makeScene(view, size, margin, context, OneSymbol());
     }
@@ -71,12 +74,19 @@ TEST(Frames, ProposeAndReport) {
         {"infinite maxima fill", text.frame(filling), {200, 90}, {200, 90}},
         {"no offer: the child's size", text.frame(FlexibleFrame{.maxWidth = infinity}), {}, {50, 10}},
         {"a minimum holds", text.frame(FlexibleFrame{.minWidth = 70, .minHeight = 5}), {60, 60}, {70, 10}},
+        {"a maximum holds against a larger child",
+         box(50, 10).frame(FlexibleFrame{.maxWidth = 20}),
+         {200, 60},
+         {20, 10}},
         {"both clamp the offer", text.frame(FlexibleFrame{.minWidth = 70, .maxWidth = 90}), {200, 60}, {90, 10}},
         {"an ideal answers no offer", text.frame(FlexibleFrame{.idealWidth = 60, .maxWidth = 90}), {}, {60, 10}},
         {"a shape takes the offer", Circle().fill(Color{}), {30, 40}, {30, 40}},
         {"a shape without an offer", Circle().fill(Color{}), {}, {10, 10}},
         {"a symbol is as high as a line", Image::systemName("known").font(Font::system(20)), {1, 1}, {20, 20}},
         {"a spacer outside a stack", Spacer(), {30, std::nullopt}, {30, 8}},
+        {"a spacer offered less than its minimum", Spacer(12), {3, 20}, {12, 20}},
+        {"nor does a row reach into what lies over one another", HStack()({ZStack()({Spacer()})}), {30, 40}, {30, 40}},
+        {"a row's spacer has no height", HStack()({Spacer()}), {30, 40}, {30, 0}},
     };
     Bench bench;
     for (const auto& c : cases) EXPECT_EQ(bench.fit(c.view, c.proposal), c.size) << c.why;
@@ -108,8 +118,11 @@ TEST(Stacks, PlaceTheirChildren) {
 
     const Scene over = bench.scene(ZStack({H::trailing, V::bottom})({box(10, 10), box(4, 4)}), {10, 10});
     EXPECT_EQ(over.marks[1].frame, (Rect{{6, 6}, {4, 4}}));
-    const Scene large = bench.scene(box(50, 50), {30, 30});
-    EXPECT_EQ(large.marks[0].frame, (Rect{{-10, -10}, {50, 50}})) << "what is too large overflows on every side";
+    for (const auto& [alignment, y] : {std::pair(V::top, 0.0), {V::center, 3.0}, {V::bottom, 6.0}})
+        EXPECT_EQ(bench.scene(HStack(alignment, 0)({box(4, 10), box(4, 4)}), {8, 10}).marks[1].frame.origin,
+                  (Point{4, y}));
+    const Scene large = bench.scene(box(50, 50), {30, 60});
+    EXPECT_EQ(large.marks[0].frame, (Rect{{0, 5}, {50, 50}})) << "the beginning of what is too large shows";
 }
 
 TEST(Stacks, AColumnKeepsWholeWhatFitsAtEveryHeight) {
@@ -137,6 +150,18 @@ TEST(Stacks, AColumnKeepsWholeWhatFitsAtEveryHeight) {
     }
 }
 
+TEST(Stacks, CostInProportionToTheirTextsHoweverDeepTheyAre) {
+    Bench bench;
+    constexpr int depth = 12;
+    View tree = Text("the innermost");
+    for (int i = 0; i < depth; ++i) {
+        const View beside = Text("beside it " + std::to_string(i));
+        tree = i % 2 ? VStack()({beside, tree}) : HStack()({beside, tree});
+    }
+    bench.scene(tree, {300, 300});
+    EXPECT_LE(bench.text.calls, depth * 24) << "three offers at each level would be three to the power of twelve";
+}
+
 TEST(Styles, AreInherited) {
     Bench bench;
     const Color red{1, 0, 0, 1};
@@ -149,6 +174,8 @@ TEST(Styles, AreInherited) {
     EXPECT_EQ(color(VStack()({Text("x")}).foregroundStyle(red)), "#FF0000FF");
     EXPECT_EQ(color(Text("x").foregroundStyle(HierarchicalShapeStyle::secondary).foregroundStyle(red)), "#FF0000A5")
         << "a level of the colour around it";
+    EXPECT_EQ(color(Text("x").foregroundStyle(red).foregroundStyle(HierarchicalShapeStyle::secondary)), "#FF0000FF")
+        << "a colour, whatever the level around it";
     EXPECT_EQ(bench.fit(VStack()({Text("xx")}).font(Font::system(20)), {}), (Size{20, 20}));
     EXPECT_EQ(bench.fit(Text("xx"), {}), (Size{13, 13})) << "body where nothing is set";
 }
@@ -183,6 +210,7 @@ TEST(Scene, TurnsMarksAboutAnyPoint) {
     // The text's centre was at (12.5, 5).
     EXPECT_NEAR(scene.marks[1].frame.center().x, -5, 1e-9);
     EXPECT_NEAR(scene.marks[1].frame.center().y, 12.5, 1e-9);
+    EXPECT_NEAR(std::get<TextMark>(scene.marks[1].content).baseline, 15, 1e-9) << "it moves with the centre";
     EXPECT_EQ(scene.marks[1].rotationDegrees, 90);
 }
 
@@ -218,7 +246,7 @@ TEST(TextFit, ScalesBeforeItCuts) {
         EXPECT_NEAR(fitted.size.height, c.size.height, 0.1) << c.why;
         EXPECT_EQ(fitted.block.cut, c.cut) << c.why;
     }
-    EXPECT_EQ(fitText("", headline, {100, 100}, engine).size, (Size{0, 0}));
+    EXPECT_EQ(fitText("", headline, {100, 100}, engine).size, (Size{0, 34})) << "an empty line";
 }
 
 TEST(Localized, PutsIntegersIntoTheTranslation) {

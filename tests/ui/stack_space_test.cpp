@@ -43,6 +43,8 @@ TEST(StackSpace, ServesPrioritiesAndTheLeastFlexibleFirst) {
         {"too little for the rigid", 30, {rigid20, rigid20, spacer}, {20, 20, 0}},
         {"ideal lengths", std::nullopt, {rigid20, flexible, spacer8}, {20, 0, 8}},
         {"without end", infinity, {rigid20, {0, 0, 50}}, {20, 50}},
+        {"without end, for all of them", infinity, {flexible, flexible, spacer}, {infinity, infinity, infinity}},
+        {"endless at any offer is rigid", 100, {{0, 0, 30}, {0, infinity, infinity}}, {0, infinity}},
     };
     for (const auto& c : cases) EXPECT_EQ(share(c.available, c.children), c.lengths) << c.why;
 }

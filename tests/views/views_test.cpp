@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "platform/foundation/iso8601.h"
-#include "platform/ui/dump.h"
+#include "platform/ui/inspection.h"
 #include "tests/support/fakes.h"
 #include "views/entry_view.h"
 

@@ -1,16 +1,42 @@
 #include <gtest/gtest.h>
-
+#include <sys/timerfd.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
-#include "platform/window/back_off.h"
-#include "platform/window/path_watch.h"
-#include "platform/window/placement.h"
-#include "platform/window/timer.h"
-#include "platform/window/x11_shape.h"
+#include "platform/events/back_off.h"
+#include "platform/events/path_watch.h"
+#include "platform/window/surface/placement.h"
+#include "platform/events/timer.h"
+#include "platform/window/x11/display.h"
+#include "platform/window/x11/shape.h"
+
+// A machine's clock that a test can set, as far as timers notice it; the linker puts this before the C library
+// (--wrap).
+namespace {
+int cancellable = -1;  ///< the last timer that is cancelled when the clock is set
+bool clockWasSet = false;
+}  // namespace
+
+extern "C" {
+int __real_timerfd_settime(int, int, const itimerspec*, itimerspec*);
+ssize_t __real_read(int, void*, size_t);
+
+int __wrap_timerfd_settime(int timer, int flags, const itimerspec* when, itimerspec* old) {
+    if (flags & TFD_TIMER_CANCEL_ON_SET) cancellable = timer;
+    return __real_timerfd_settime(timer, flags, when, old);
+}
+ssize_t __wrap_read(int file, void* bytes, size_t size) {
+    const ssize_t count = __real_read(file, bytes, size);
+    if (count <= 0 || file != cancellable || !clockWasSet) return count;
+    errno = ECANCELED;
+    return -1;
+}
+}
 
 namespace orvel {
 namespace {
@@ -21,11 +47,20 @@ using namespace std::chrono_literals;
 TEST(Placement, LiesInTheAreaWithTheMarginToTheEdgesItIsAnchoredTo) {
     const PixelRect area{100, 50, 1000, 600};
     const PixelRect box{0, 0, 170, 170};
-    EXPECT_EQ(placed(box, area, {1, -1}, 24), (PixelRect{906, 74, 170, 170}));
-    EXPECT_EQ(placed(box, area, {-1, 1}, 24), (PixelRect{124, 456, 170, 170}));
-    EXPECT_EQ(placed(box, area, {0, 0}, 24), (PixelRect{515, 265, 170, 170})) << "no edge, no margin";
+    EXPECT_EQ(placed(box, area, {1, -1}, 24, 24), (PixelRect{906, 74, 170, 170}));
+    EXPECT_EQ(placed(box, area, {-1, 1}, 24, 10), (PixelRect{124, 470, 170, 170}));
+    EXPECT_EQ(placed(box, area, {0, 0}, 24, 24), (PixelRect{515, 265, 170, 170})) << "no edge, no margin";
     EXPECT_EQ(intersection(area, {0, 0, 300, 100}), (PixelRect{100, 50, 200, 50}));
     EXPECT_EQ(intersection(area, {0, 0, 50, 50}).width, 0);
+}
+
+TEST(X11Monitors, TheNamedOneIsChosenElseThePrimaryElseTheFirst) {
+    std::vector<X11Monitor> monitors{{"A", {}, false}, {"B", {}, true}, {"C", {}, false}};
+    EXPECT_EQ(chosenMonitor(monitors, std::nullopt), &monitors[1]);
+    EXPECT_EQ(chosenMonitor(monitors, "C"), &monitors[2]);
+    EXPECT_EQ(chosenMonitor(monitors, "D"), nullptr);
+    monitors[1].primary = false;
+    EXPECT_EQ(chosenMonitor(monitors, std::nullopt), &monitors[0]);
 }
 
 TEST(RoundedShape, CoversThePixelsWhoseCentresAreInside) {
@@ -68,6 +103,25 @@ TEST(ClockTimer, FiresAtItsDateAndAtOnceForOneThatHasPassed) {
     timer.set(Date{-1e12});
     loop.run();
     EXPECT_EQ(fired, 2);
+}
+
+TEST(ClockTimer, FiresWhenTheClockIsSet) {
+    EventLoop loop;
+    bool fired = false;
+    ClockTimer timer(loop, [&] {
+        fired = true;
+        loop.stop();
+    });
+    DelayTimer enough(loop, [&] { loop.stop(); });
+    enough.set(500ms);
+    timer.set(Date{1e10});
+    ASSERT_GE(cancellable, 0);
+    clockWasSet = true;
+    const itimerspec soon{{}, {0, 1}};
+    __real_timerfd_settime(cancellable, 0, &soon, nullptr);  // it can be read now
+    loop.run();
+    clockWasSet = false;
+    EXPECT_TRUE(fired);
 }
 
 /// A folder "a/store" in a new place, watched, while a test changes things.
@@ -119,6 +173,21 @@ TEST_F(WatchedFolder, TellsOfEveryWayToChangeWhatItHolds) {
         fs::permissions(root / "elsewhere", fs::perms::owner_all);
         fs::permissions(root / "a/elsewhere", fs::perms::owner_all);
     })) << "what lies beside the way wakes nobody";
+}
+
+TEST_F(WatchedFolder, IsReportedWhileAWriterNeverPauses) {
+    fs::create_directories(store);
+    int reports = 0;
+    PathWatch watch(loop, {store}, [&] {
+        if (++reports == 4) loop.stop();
+    });
+    std::jthread writer([this](const std::stop_token& stop) {
+        while (!stop.stop_requested()) write(store / "list");
+    });
+    DelayTimer enough(loop, [&] { loop.stop(); });
+    enough.set(2s);
+    loop.run();
+    EXPECT_EQ(reports, 4);
 }
 
 TEST_F(WatchedFolder, FollowsLinks) {

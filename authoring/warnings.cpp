@@ -1,0 +1,149 @@
+#include "authoring/warnings.h"
+
+#include <map>
+#include <sstream>
+
+#include "authoring/color_names.h"
+#include "authoring/contrast.h"
+#include "authoring/field_texts.h"
+#include "format/hex_color.h"
+#include "platform/foundation/iso8601.h"
+#include "platform/foundation/unicode.h"
+#include "views/card_color.h"
+#include "views/kind_face.h"
+
+namespace orvel {
+namespace {
+
+using Text = std::optional<std::string>;
+
+std::string inQuotes(std::string_view text) {
+    constexpr std::size_t longest = 60;
+    const auto shown = unicode::prefix(text, longest);
+    return '"' + unicode::onOneLine(shown) + (shown.size() < text.size() ? "…\"" : "\"");
+}
+
+bool isBlank(const std::string& text) {
+    return unicode::trimmingWhitespace(unicode::onOneLine(text)).empty();
+}
+
+std::string inShort(double number) {
+    std::ostringstream text;
+    text << number;
+    return text.str();
+}
+
+Text aboutAccent(const std::string& accent) {
+    const auto color = HexColor::hexString(accent);
+    if (!color) return "accent " + inQuotes(accent) + " is no colour; the standard accent is used" + nearColor(accent);
+    const double ratio = contrast(*color, cardBackground);
+    if (ratio >= leastContrast) return std::nullopt;
+    std::ostringstream line;
+    line.precision(1);
+    line << "accent " << inQuotes(accent) << " is hard to see on the card: its contrast is " << std::fixed << ratio
+         << " : 1, and 3 : 1 is wanted; " << hexText(lightened(*color, cardBackground)).substr(0, 7) << " has that";
+    return line.str();
+}
+
+Text aboutTarget(const Text& target) {
+    if (!target) return "a countdown without a target shows \"—\"";
+    if (iso8601::dateTime(*target) || iso8601::fullDate(*target)) return std::nullopt;
+    if (iso8601::fullDate(unicode::prefix(*target, 10)))
+        return "target " + inQuotes(*target) + " counts to local midnight; its time of day is dropped";
+    return "target " + inQuotes(*target) + " is no date; the card shows \"—\"";
+}
+
+Text aboutSymbol(const std::string& symbol, const Symbols& symbols) {
+    if (symbols.contains(symbol)) return std::nullopt;
+    const auto nearest = symbols.nearest(symbol);
+    return "symbol " + inQuotes(symbol) + " can't be drawn" + (nearest ? "; the nearest is \"" + *nearest + '"' : "");
+}
+
+Text aboutProgress(const std::optional<double>& progress) {
+    if (!progress) return "a progress card without progress shows 0 %";
+    if (*progress >= 0 && *progress <= 1) return std::nullopt;
+    return "progress " + inShort(*progress) + " is not from 0 to 1" + perCentMeant(*progress);
+}
+
+Text aboutItems(const std::optional<std::vector<std::string>>& items) {
+    constexpr std::size_t most = widget_limits::mostItems;
+    if (!items || items->empty()) return "a list without items shows its title alone";
+    if (items->size() <= most) return std::nullopt;
+    return std::to_string(items->size()) + " items, of which " + std::to_string(most) + " are shown";
+}
+
+Text aboutPrimary(const Text& primary) {
+    if (!primary) return "without a primary text the card shows \"—\"";
+    if (isBlank(*primary)) return "the primary text is empty, and so is its place on the card";
+    return std::nullopt;
+}
+
+// What to say of a field that the design's kind shows.
+Text aboutShown(WidgetField field, const WidgetSpec& spec, const Symbols& symbols) {
+    using enum WidgetField;
+    switch (field) {
+        case title: return isBlank(spec.title) ? Text("the title is empty") : std::nullopt;
+        case accentHex: return aboutAccent(spec.accentHex);
+        case symbol: return aboutSymbol(spec.symbol, symbols);
+        case primary: return aboutPrimary(spec.primary);
+        case items: return aboutItems(spec.items);
+        case progress: return aboutProgress(spec.progress);
+        case targetISO8601: return aboutTarget(spec.targetISO8601);
+        case id:
+        case kind:
+        case secondary:
+        case createdAt: break;
+    }
+    return std::nullopt;
+}
+
+// Whether somebody has set it, as far as that shows.
+template <class Row>
+bool isGiven(const Row& row, const WidgetSpec& spec) {
+    if constexpr (Row::field == WidgetField::symbol) {
+        static const std::string standard = WidgetSpec::Fields{.title = "", .kind = {}}.symbol;
+        return !spec.symbol.empty() && spec.symbol != standard;
+    } else if constexpr (requires { row.in(spec).has_value(); }) {
+        return row.in(spec).has_value();
+    } else {
+        return false;
+    }
+}
+
+}  // namespace
+
+std::string perCentMeant(double progress) {
+    if (!(progress > 1 && progress <= 100)) return {};
+    return "; did you mean " + inShort(progress) + "%, which is " + inShort(progress / 100) + "?";
+}
+
+std::vector<Warning> warnings(const WidgetSpec& spec, const Symbols& symbols) {
+    std::vector<Warning> found;
+    forEachWidgetField([&](const auto& row) {
+        if (shows(spec.kind, row.field)) {
+            if (auto text = aboutShown(row.field, spec, symbols))
+                found.push_back({std::string(row.name), *std::move(text)});
+        } else if (isGiven(row, spec)) {
+            const std::string said(typedName(row.field));
+            found.push_back(
+                {std::string(row.name), "a " + std::string(rawValue(spec.kind)) + " card doesn't show its " + said});
+        }
+    });
+    return found;
+}
+
+std::vector<DesignWarning> warnings(const std::vector<WidgetSpec>& specs, const Symbols& symbols) {
+    std::vector<DesignWarning> found;
+    std::map<std::string, std::size_t> firstWithId;
+    for (std::size_t i = 0; i < specs.size(); ++i) {
+        for (Warning& warning : warnings(specs[i], symbols)) found.push_back({i, std::move(warning)});
+        const auto [first, isNew] = firstWithId.try_emplace(unicode::decomposed(specs[i].id), i);
+        if (!isNew)
+            found.push_back({i,
+                             {"id", "the id " + inQuotes(specs[i].id) + " is design @" +
+                                        std::to_string(first->second + 1) + "'s too"}});
+    }
+    return found;
+}
+
+}  // namespace orvel

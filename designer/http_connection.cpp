@@ -1,0 +1,146 @@
+#include "designer/http_connection.h"
+
+#include <sys/socket.h>
+
+#include <cerrno>
+
+namespace orvel::designer {
+namespace {
+
+constexpr std::string_view headEnd = "\r\n\r\n";
+
+const char* phrase(int status) {
+    switch (status) {
+        case 200: return "OK";
+        case 400: return "Bad Request";
+        case 403: return "Forbidden";
+        case 404: return "Not Found";
+        case 405: return "Method Not Allowed";
+        case 409: return "Conflict";
+        case 413: return "Content Too Large";
+        case 415: return "Unsupported Media Type";
+        case 421: return "Misdirected Request";
+        case 422: return "Unprocessable Content";
+        case 431: return "Request Header Fields Too Large";
+        case 501: return "Not Implemented";
+        default: return "Internal Server Error";
+    }
+}
+
+// Nothing is kept by the browser, shown within other pages, or loaded from elsewhere.
+constexpr const char* everyAnswersHeaders =
+    "Cache-Control: no-store\r\n"
+    "Content-Security-Policy: default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; "
+    "connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'\r\n"
+    "Cross-Origin-Opener-Policy: same-origin\r\n"
+    "Cross-Origin-Resource-Policy: same-origin\r\n"
+    "Referrer-Policy: no-referrer\r\n"
+    "X-Content-Type-Options: nosniff\r\n";
+
+}  // namespace
+
+HttpConnection::HttpConnection(Descriptor socket, const HttpServer::Handlers& handlers)
+    : socket_(std::move(socket)), handlers_(handlers) {}
+
+bool HttpConnection::proceed() {
+    if (!receive()) return false;
+    while (!isClosing_ && !isStream_ && output_.empty() && answerNext()) {
+        if (!transmit()) return false;
+    }
+    if (!transmit()) return false;
+    return !(output_.empty() && (isClosing_ || hasEnded_));
+}
+
+bool HttpConnection::receive() {
+    char bytes[16 << 10];
+    // One request at a time: what comes behind it waits in the socket.
+    while (wantsInput()) {
+        const ssize_t count = ::recv(socket_.get(), bytes, sizeof bytes, 0);
+        if (count > 0) {
+            if (input_.empty() && !request_ && output_.empty()) since_ = Clock::now();
+            if (!isStream_ && !isClosing_) input_.append(bytes, static_cast<std::size_t>(count));
+            if (!request_ && input_.size() > http_limits::headBytes) break;
+        } else if (count == 0) {
+            hasEnded_ = true;
+        } else if (errno != EINTR) {
+            return errno == EAGAIN || errno == EWOULDBLOCK;
+        }
+    }
+    return true;
+}
+
+// Whether a request was answered.
+bool HttpConnection::answerNext() {
+    if (!request_) {
+        const auto end = input_.find(headEnd);
+        if (end == input_.npos || end > http_limits::headBytes) {
+            if (input_.size() <= http_limits::headBytes) return false;
+            respond(refusal(431, "the request's head is too long"), true);
+            return true;
+        }
+        auto head = parseHead(std::string_view(input_).substr(0, end));
+        input_.erase(0, end + headEnd.size());
+        if (!head) {
+            respond(refusal(head.failure().status, head.failure().reason), true);
+            return true;
+        }
+        auto refused = handlers_.refuse(*head);
+        if (!refused && head->bodyLength > http_limits::bodyBytes)
+            refused = refusal(413, "the request is larger than a design may be here, 1 MiB");
+        if (refused) {
+            respond(*refused, head->bodyLength > 0 || !head->keepsConnection);
+            return true;
+        }
+        request_ = *std::move(head);
+    }
+    if (input_.size() < request_->bodyLength) return false;
+    request_->body = input_.substr(0, request_->bodyLength);
+    input_.erase(0, request_->bodyLength);
+    const HttpRequest request = *std::exchange(request_, std::nullopt);
+    respond(handlers_.answer(request), !request.keepsConnection);
+    return true;
+}
+
+void HttpConnection::respond(const HttpResponse& response, bool isLast) {
+    isStream_ = response.isEventStream;
+    isClosing_ = isLast && !isStream_;
+    output_ = "HTTP/1.1 " + std::to_string(response.status) + ' ' + phrase(response.status) + "\r\n";
+    output_ += everyAnswersHeaders;
+    output_ += "Content-Type: " + response.type + "\r\n";
+    for (const auto& [name, value] : response.headers) output_ += name + ": " + value + "\r\n";
+    if (!isStream_) output_ += "Content-Length: " + std::to_string(response.body.size()) + "\r\n";
+    if (isClosing_) output_ += "Connection: close\r\n";
+    output_ += "\r\n" + response.body;
+    since_ = Clock::now();
+}
+
+bool HttpConnection::transmit() {
+    while (!output_.empty()) {
+        const ssize_t count = ::send(socket_.get(), output_.data(), output_.size(), MSG_NOSIGNAL);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return errno == EAGAIN || errno == EWOULDBLOCK;
+        output_.erase(0, static_cast<std::size_t>(count));
+        if (output_.empty()) since_ = Clock::now();
+    }
+    return true;
+}
+
+void HttpConnection::sendEvent(const std::string& text) {
+    if (output_.size() + text.size() > http_limits::eventBytesWaiting) {
+        isClosing_ = true;
+        output_.clear();
+        return;
+    }
+    if (output_.empty()) since_ = Clock::now();
+    output_ += text;
+}
+
+bool HttpConnection::isOverdue() const {
+    const auto waited = Clock::now() - since_;
+    if (hasOutput()) return waited > std::chrono::seconds(http_limits::secondsForAnswer);
+    if (isStream_) return false;
+    const bool isMidway = request_ || !input_.empty();
+    return waited > std::chrono::seconds(isMidway ? http_limits::secondsForRequest : http_limits::secondsIdle);
+}
+
+}  // namespace orvel::designer

@@ -1,0 +1,66 @@
+// A small HTTP server for this machine alone: it listens on 127.0.0.1, on one thread, in the event loop. Heads, bodies,
+// connections and the time that a client takes are limited; who exceeds a limit is answered if that can be, and
+// dropped.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "designer/http_request.h"
+#include "platform/events/event_loop.h"
+#include "platform/foundation/outcome.h"
+
+namespace orvel::designer {
+
+struct HttpResponse {
+    int status = 200;
+    std::string type = "application/json";
+    std::string body = {};
+    std::vector<std::pair<std::string, std::string>> headers = {};
+    bool isEventStream = false;  ///< stays open for events; `body` are the first ones
+};
+
+/// {"reason":…,"field":…}, the field only when there is one.
+HttpResponse refusal(int status, std::string_view reason, std::string_view field = {});
+
+namespace http_limits {
+inline constexpr std::size_t headBytes = 16 << 10;
+inline constexpr std::size_t bodyBytes = 1 << 20;
+inline constexpr std::size_t connections = 64;
+inline constexpr int secondsForRequest = 10;  ///< from its first byte to its last
+inline constexpr int secondsForAnswer = 30;   ///< until the client has taken it
+inline constexpr int secondsIdle = 60;
+inline constexpr std::size_t eventBytesWaiting = 256 << 10;  ///< of one stream; a client that lags further is dropped
+}  // namespace http_limits
+
+class HttpServer {
+public:
+    struct Handlers {
+        /// Asked when a request's head is there, before its body is read. An answer refuses it.
+        std::function<std::optional<HttpResponse>(const HttpRequest&)> refuse;
+        std::function<HttpResponse(const HttpRequest&)> answer;
+        /// Told when the number of open event streams has changed.
+        std::function<void(std::size_t)> streamsChanged;
+    };
+
+    /// Port 0 is any free one.
+    static Outcome<std::unique_ptr<HttpServer>> listen(EventLoop& loop, std::uint16_t port, Handlers handlers);
+    ~HttpServer();
+
+    std::uint16_t port() const;
+    /// To all event streams (HTML's server-sent events).
+    void send(std::string_view event, std::string_view data);
+
+private:
+    class State;
+    explicit HttpServer(std::unique_ptr<State> state);
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace orvel::designer

@@ -1,0 +1,93 @@
+// The stored designs as drawn cards: to pick one for editing, and to put them in order.
+import { withScale } from './server.js';
+
+const list = document.getElementById('designs');
+let shown = [];
+let edited = '';
+let pick = () => {};
+let move = () => {};
+let dragged = '';
+let minute = 0;
+
+function source(design) {
+  const time = design.kind === 'countdown' ? `&at=${minute}` : '';
+  return withScale(`/api/stored?version=${design.version}&family=small${time}`);
+}
+
+function item(design, index) {
+  const element = document.createElement('li');
+  const button = document.createElement('button');
+  button.type = 'button';
+  button.dataset.id = design.id;
+  button.draggable = true;
+  const picture = document.createElement('img');
+  picture.alt = '';
+  picture.width = 170;
+  picture.height = 170;
+  picture.loading = 'lazy';
+  picture.draggable = false;
+  picture.src = source(design);
+  const words = document.createElement('span');
+  words.textContent = design.title || 'Without a title';
+  button.append(picture, words);
+  if (index === 0) {
+    const mark = document.createElement('small');
+    mark.textContent = 'On the desktop';
+    button.append(mark);
+  }
+  button.setAttribute('aria-keyshortcuts', 'Alt+ArrowUp Alt+ArrowDown Alt+Home');
+  if (design.id === edited) button.setAttribute('aria-current', 'true');
+  button.setAttribute('aria-description', design.words.replaceAll('\n', ', '));
+  element.append(button);
+  return element;
+}
+
+export function showDesigns(designs, editedId) {
+  const now = JSON.stringify([designs, editedId]);
+  if (now === JSON.stringify([shown, edited]) && list.children.length === designs.length) return;
+  const focused = document.activeElement?.closest?.('#designs button')?.dataset.id;
+  shown = designs;
+  edited = editedId;
+  list.replaceChildren(...designs.map(item));
+  if (focused) [...list.querySelectorAll('button')].find((button) => button.dataset.id === focused)?.focus();
+}
+
+// Countdowns show another time each minute.
+export function refreshCountdowns() {
+  ++minute;
+  [...list.querySelectorAll('img')].forEach((picture, index) => {
+    if (shown[index].kind === 'countdown') picture.src = source(shown[index]);
+  });
+}
+
+const idAt = (event) => event.target.closest('button[data-id]')?.dataset.id;
+const indexOf = (id) => shown.findIndex((design) => design.id === id);
+
+function onKey(event) {
+  const id = idAt(event);
+  if (!event.altKey || id === undefined) return;
+  const at = indexOf(id);
+  const to = { ArrowUp: at - 1, ArrowLeft: at - 1, ArrowDown: at + 1, ArrowRight: at + 1, Home: 0 }[event.key];
+  if (to === undefined) return;
+  event.preventDefault();
+  if (to >= 0 && to < shown.length && to !== at) move(id, to);
+}
+
+export function setUpDesigns(picked, moved) {
+  pick = picked;
+  move = moved;
+  list.addEventListener('click', (event) => idAt(event) !== undefined && pick(idAt(event)));
+  list.addEventListener('keydown', onKey);
+  list.addEventListener('dragstart', (event) => {
+    dragged = idAt(event);
+    event.dataTransfer.effectAllowed = 'move';
+    event.dataTransfer.setData('text/plain', '');
+  });
+  list.addEventListener('dragover', (event) => idAt(event) !== undefined && event.preventDefault());
+  list.addEventListener('drop', (event) => {
+    event.preventDefault();
+    const to = indexOf(idAt(event));
+    if (dragged !== '' && to >= 0 && idAt(event) !== dragged) move(dragged, to);
+    dragged = '';
+  });
+}

@@ -1,0 +1,105 @@
+// The symbol's field: a text, and below it the symbols that go with its words, to choose from.
+import { get } from './server.js';
+
+const field = document.getElementById('symbol');
+const grid = document.getElementById('symbols');
+const count = document.getElementById('symbols-count');
+let asked = 0;
+let choose = () => {};
+
+function picture(path) {
+  const ns = 'http://www.w3.org/2000/svg';
+  const svg = document.createElementNS(ns, 'svg');
+  svg.setAttribute('viewBox', '0 0 100 100');
+  svg.setAttribute('aria-hidden', 'true');
+  const shape = document.createElementNS(ns, 'path');
+  shape.setAttribute('d', path);
+  svg.append(shape);
+  return svg;
+}
+
+const options = () => [...grid.children];
+
+function point(option) {
+  for (const other of options()) other.setAttribute('aria-selected', other === option);
+  if (!option) return field.removeAttribute('aria-activedescendant');
+  field.setAttribute('aria-activedescendant', option.id);
+  option.scrollIntoView({ block: 'nearest' });
+}
+
+async function open(words) {
+  const question = ++asked;
+  const answer = await get(`/api/symbols?words=${encodeURIComponent(words)}`);
+  if (question !== asked) return;
+  grid.replaceChildren(...answer.symbols.map(({ name, path }, index) => {
+    const option = document.createElement('div');
+    option.id = `symbol-${index}`;
+    option.role = 'option';
+    option.title = name;
+    option.dataset.name = name;
+    option.ariaLabel = name;
+    option.ariaSelected = 'false';
+    option.append(picture(path));
+    return option;
+  }));
+  grid.hidden = answer.symbols.length === 0;
+  field.ariaExpanded = String(!grid.hidden);
+  field.removeAttribute('aria-activedescendant');
+  const shown = answer.symbols.length;
+  count.textContent = answer.count > shown ? `The first ${shown} of ${answer.count}` : `${shown || 'None'} found`;
+}
+
+function close() {
+  ++asked;
+  grid.hidden = true;
+  field.ariaExpanded = 'false';
+  field.removeAttribute('aria-activedescendant');
+  count.textContent = '';
+}
+
+function take(option) {
+  close();
+  choose(option.dataset.name);
+}
+
+function columns() {
+  const all = options();
+  const second = all.findIndex((option) => option.offsetTop > all[0].offsetTop);
+  return second < 0 ? all.length : second;
+}
+
+function onKey(event) {
+  const all = options();
+  const at = all.findIndex((option) => option.id === field.getAttribute('aria-activedescendant'));
+  if (event.key === 'Escape' && !grid.hidden) {
+    close();
+  } else if (event.key === 'ArrowDown' && grid.hidden) {
+    open('');
+  } else if (event.key === 'Enter' && !grid.hidden && at >= 0) {
+    take(all[at]);
+  } else {
+    const steps = { ArrowDown: at < 0 ? 1 : columns(), ArrowUp: -columns(), ArrowRight: 1, ArrowLeft: -1 };
+    const step = steps[event.key];
+    if (grid.hidden || !step || (at < 0 && event.key !== 'ArrowDown')) return;
+    point(all[at + step] || (at + step < 0 ? undefined : all[at]));
+  }
+  event.preventDefault();
+}
+
+// `typed` is told each text of the field, `chosen` the name that was picked.
+export function setUpSymbols(typed, chosen) {
+  choose = chosen;
+  field.addEventListener('input', () => {
+    typed(field.value);
+    open(field.value);
+  });
+  field.addEventListener('click', () => grid.hidden && open(''));
+  field.addEventListener('keydown', onKey);
+  field.addEventListener('blur', close);
+  // The field keeps the focus.
+  grid.addEventListener('mousedown', (event) => event.preventDefault());
+  grid.addEventListener('click', (event) => {
+    const option = event.target.closest('[role=option]');
+    if (option) take(option);
+  });
+}

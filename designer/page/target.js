@@ -1,0 +1,51 @@
+// A countdown's day, time of day and zone, beside its text. The three say a whole point in time.
+
+const day = document.getElementById('target-day');
+const time = document.getElementById('target-time');
+const zone = document.getElementById('target-zone');
+const full = /^(\d{4}-\d\d-\d\d)[T ](\d\d:\d\d)(?::\d\d)?(Z|[+-]\d\d:\d\d)?$/;
+
+function offsets() {
+  const list = [];
+  for (let minutes = -12 * 60; minutes <= 14 * 60; minutes += 30) list.push(minutes);
+  for (const odd of [345, 525, 765]) list.push(odd);
+  return list.sort((a, b) => a - b);
+}
+
+function name(minutes) {
+  const sign = minutes < 0 ? '-' : '+';
+  const two = (n) => String(n).padStart(2, '0');
+  return `${sign}${two(Math.floor(Math.abs(minutes) / 60))}:${two(Math.abs(minutes) % 60)}`;
+}
+
+export function setUpTarget(typed) {
+  zone.append(new Option('This computer’s', ''), new Option('UTC', 'Z'));
+  for (const minutes of offsets()) if (minutes !== 0) zone.append(new Option(`UTC${name(minutes)}`, name(minutes)));
+  for (const control of [day, time, zone]) {
+    control.addEventListener('input', () => {
+      if (!day.value) return;
+      const hours = time.value || '00:00';
+      // Without a zone, a blank between date and time means local time.
+      typed(zone.value ? `${day.value}T${hours.slice(0, 5)}:00${zone.value}` : `${day.value} ${hours.slice(0, 5)}`);
+    });
+  }
+}
+
+// Whether the zone is this computer's at that time.
+function isLocal(text, offset) {
+  const instant = new Date(text.replace(' ', 'T'));
+  return name(-instant.getTimezoneOffset()) === (offset === 'Z' ? '+00:00' : offset);
+}
+
+export function showTarget(text) {
+  if ([day, time, zone].includes(document.activeElement)) return;
+  const parts = full.exec(text);
+  day.value = parts ? parts[1] : /^\d{4}-\d\d-\d\d$/.test(text) ? text : '';
+  time.value = parts ? parts[2] : '';
+  const offset = parts?.[3];
+  if (!offset || isLocal(text, offset)) zone.value = '';
+  else {
+    if (![...zone.options].some((option) => option.value === offset)) zone.append(new Option(`UTC${offset}`, offset));
+    zone.value = offset;
+  }
+}

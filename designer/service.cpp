@@ -1,0 +1,177 @@
+#include "designer/service.h"
+
+#include <array>
+#include <charconv>
+
+#include "designer/base64.h"
+#include "designer/page_files.h"
+#include "designer/state_json.h"
+#include "designer/symbol_json.h"
+#include "platform/foundation/json_writer.h"
+
+namespace orvel::designer {
+namespace {
+
+constexpr std::array families{std::pair{"small", WidgetFamily::systemSmall},
+                              std::pair{"medium", WidgetFamily::systemMedium}};
+
+double scaleOf(const HttpRequest& request) {
+    constexpr double largest = 8;
+    const std::string_view text = request.parameter("scale");
+    double scale = 1;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), scale);
+    return error == std::errc{} && scale >= 1 && scale <= largest ? scale : 1;
+}
+
+WidgetFamily familyOf(const HttpRequest& request) {
+    return request.parameter("family") == "medium" ? WidgetFamily::systemMedium : WidgetFamily::systemSmall;
+}
+
+HttpResponse picture(const Outcome<std::string>& bytes, std::string_view type) {
+    if (!bytes) return refusal(500, bytes.failure().reason);
+    return {200, std::string(type), *bytes};
+}
+
+}  // namespace
+
+Service::Service(CardPictures pictures, Hooks hooks, const Platform& platform)
+    : pictures_(std::move(pictures)), hooks_(std::move(hooks)), workbench_(platform) {
+    told_ = stateMembers(workbench_, pictures_, symbols_);
+}
+
+HttpResponse Service::answer(const HttpRequest& request) {
+    if (request.method == "GET") return get(request);
+    const auto body = readBody(request.body);
+    if (!body) return refusal(400, "the body isn't what this address takes");
+    return post(request, *body);
+}
+
+void Service::look() {
+    workbench_.look();
+    notice();
+}
+
+void Service::keep() {
+    const auto kept = workbench_.keep();
+    const std::string failure = kept ? "" : kept.failure().reason;
+    if (failure == keepingFailed_) return;
+    keepingFailed_ = failure;
+    json::Writer writer;
+    hooks_.tell("keeping", writer.beginObject().key("failure").string(failure).endObject().finish().value_or("{}"));
+}
+
+HttpResponse Service::get(const HttpRequest& request) {
+    if (request.path == "/api/state") {
+        notice();  // a countdown says something else each minute
+        return state(request);
+    }
+    if (request.path == "/api/events")
+        return {200, "text/event-stream", "event: changed\ndata: " + stampText() + "\n\n", {}, true};
+    if (request.path == "/api/stored") return stored(request);
+    if (request.path == "/api/card") return card(request);
+    if (request.path == "/api/symbols") return found(request);
+    const PageFile* const file = pageFile(request.path);
+    if (!file) return refusal(404, "there is nothing at this address");
+    HttpResponse response{200, std::string(file->type), std::string(file->bytes)};
+    if (request.path == "/") response.headers.push_back(access.cookie(port));
+    return response;
+}
+
+HttpResponse Service::post(const HttpRequest& request, const Body& body) {
+    const Unsaved unsaved = body.discards ? Unsaved::discard : Unsaved::refuse;
+    Outcome<Done> done = Done{};
+    if (request.path == "/api/type") return type(request, body);
+    if (request.path == "/api/visit") return {200, "text/plain", access.addressForOneVisit(port)};
+    if (request.path == "/api/new")
+        done = workbench_.startNew(unsaved);
+    else if (request.path == "/api/edit")
+        done = workbench_.edit(body.id, unsaved);
+    else if (request.path == "/api/save")
+        done = workbench_.save(body.inFront);
+    else if (request.path == "/api/keep-mine")
+        workbench_.keepMine();
+    else if (request.path == "/api/take-theirs")
+        done = workbench_.takeTheirs();
+    else if (request.path == "/api/duplicate")
+        done = workbench_.duplicate(unsaved);
+    else if (request.path == "/api/remove")
+        done = workbench_.removeDraft();
+    else if (request.path == "/api/move")
+        done = workbench_.move(body.id, body.to);
+    else if (request.path == "/api/undo")
+        done = workbench_.undo();
+    else
+        return refusal(404, "there is nothing at this address");
+    notice();
+    hooks_.keepSoon();
+    if (!done)
+        return refusal(done.failure().field == unsavedField || done.failure().field == conflictField ? 409 : 422,
+                       done.failure().reason, done.failure().field);
+    return state(request);
+}
+
+HttpResponse Service::type(const HttpRequest& request, const Body& body) {
+    if (body.revision != workbench_.revision())
+        return refusal(409, "another window has changed this design", "revision");
+    const auto refusals = workbench_.type(body.fields);
+    notice();
+    hooks_.keepSoon();
+    return state(request, refusals);
+}
+
+// The page's members of the draft's pictures are there when it says its scale.
+HttpResponse Service::state(const HttpRequest& request, const std::vector<FieldRefusal>& refusals) {
+    std::string json = "{\"stamp\":" + stampText() + ',' + told_;
+    if (!request.parameter("scale").empty()) {
+        for (const auto& [word, family] : families) {
+            const auto png = pictures_.draw(workbench_.draft(), family, PictureFormat::png, scaleOf(request));
+            if (!png) return refusal(500, png.failure().reason);
+            json += std::string(",\"") + word + "\":\"" + base64(*png) + '"';
+        }
+    }
+    json::Writer writer;
+    writer.beginArray();
+    for (const FieldRefusal& refused : refusals)
+        writer.beginObject().key("field").string(refused.field).key("text").string(refused.reason).endObject();
+    return {200, "application/json", json + ",\"refusals\":" + writer.endArray().finish().value_or("[]") + "}"};
+}
+
+HttpResponse Service::stored(const HttpRequest& request) const {
+    const std::string_view wanted = request.parameter("version");
+    for (const WidgetSpec& spec : workbench_.designs())
+        if (version(spec) == wanted)
+            return picture(pictures_.draw(spec, familyOf(request), PictureFormat::png, scaleOf(request)), "image/png");
+    return refusal(404, "no design is stored in that version");
+}
+
+HttpResponse Service::card(const HttpRequest& request) const {
+    struct Row {
+        std::string_view word;
+        PictureFormat format;
+        std::string_view type;
+    };
+    static constexpr std::array formats{Row{"png", PictureFormat::png, "image/png"},
+                                        Row{"svg", PictureFormat::svg, "image/svg+xml"},
+                                        Row{"pdf", PictureFormat::pdf, "application/pdf"}};
+    for (const auto& [word, format, type] : formats) {
+        if (request.parameter("format") != word) continue;
+        auto response = picture(pictures_.draw(workbench_.draft(), familyOf(request), format, scaleOf(request)), type);
+        response.headers.emplace_back("Content-Disposition", "attachment; filename=\"card." + std::string(word) + '"');
+        return response;
+    }
+    return refusal(400, "the format is png, svg or pdf", "format");
+}
+
+HttpResponse Service::found(const HttpRequest& request) const {
+    return {200, "application/json", symbolsJson(symbols_, request.parameter("words"))};
+}
+
+void Service::notice() {
+    std::string now = stateMembers(workbench_, pictures_, symbols_);
+    if (now == told_) return;
+    told_ = std::move(now);
+    ++stamp_;
+    hooks_.tell("changed", stampText());
+}
+
+}  // namespace orvel::designer

@@ -1,0 +1,58 @@
+// What the server answers: the page's files, the state, pictures, symbols, and the operations of the workbench. Pages
+// hear of every change, whoever makes it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "designer/access.h"
+#include "designer/body.h"
+#include "designer/card_pictures.h"
+#include "designer/http_server.h"
+#include "designer/workbench.h"
+#include "platform/foundation/platform.h"
+#include "platform/symbols/symbols.h"
+
+namespace orvel::designer {
+
+class Service {
+public:
+    struct Hooks {
+        std::function<void(const std::string& event, const std::string& data)> tell;  ///< all pages
+        std::function<void()> keepSoon;                                               ///< calls `keep` after the answer
+    };
+
+    Service(CardPictures pictures, Hooks hooks, const Platform& platform);
+
+    HttpResponse answer(const HttpRequest& request);
+    /// The files have changed.
+    void look();
+    /// Makes safe what was typed.
+    void keep();
+
+    /// The index page's own headers come from here.
+    Access access;
+    std::uint16_t port = 0;
+
+private:
+    HttpResponse get(const HttpRequest& request);
+    HttpResponse post(const HttpRequest& request, const Body& body);
+    HttpResponse state(const HttpRequest& request, const std::vector<FieldRefusal>& refusals = {});
+    HttpResponse stored(const HttpRequest& request) const;
+    HttpResponse card(const HttpRequest& request) const;
+    HttpResponse found(const HttpRequest& request) const;
+    HttpResponse type(const HttpRequest& request, const Body& body);
+    void notice();
+    std::string stampText() const { return std::to_string(stamp_); }
+
+    CardPictures pictures_;
+    Hooks hooks_;
+    Workbench workbench_;
+    Symbols symbols_;
+    std::string told_;  ///< the state as pages know it, or are being told
+    std::uint64_t stamp_ = 1;
+    std::string keepingFailed_;
+};
+
+}  // namespace orvel::designer

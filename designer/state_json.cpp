@@ -1,0 +1,90 @@
+#include "designer/state_json.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "authoring/contrast.h"
+#include "authoring/warnings.h"
+#include "format/hex_color.h"
+#include "model/widget_spec_json.h"
+#include "platform/foundation/json_writer.h"
+#include "platform/foundation/unicode.h"
+#include "views/card_color.h"
+#include "views/kind_face.h"
+
+namespace orvel::designer {
+namespace {
+
+void writeDesigns(json::Writer& writer, const Workbench& workbench, const CardPictures& pictures) {
+    constexpr std::size_t longestTitle = 200;
+    writer.key("designs").beginArray();
+    for (const WidgetSpec& spec : workbench.designs()) {
+        writer.beginObject().key("id").string(spec.id);
+        writer.key("title").string(unicode::onOneLine(unicode::prefix(spec.title, longestTitle)));
+        writer.key("kind").string(rawValue(spec.kind));
+        writer.key("words").string(pictures.words(spec));
+        writer.key("version").string(version(spec)).endObject();
+    }
+    writer.endArray();
+}
+
+const char* word(Conflict conflict) {
+    switch (conflict) {
+        case Conflict::none: return "";
+        case Conflict::changed: return "changed";
+        case Conflict::removed: return "removed";
+    }
+    return "";
+}
+
+// What the card takes for the accent, and how well it shows.
+void writeAccent(json::Writer& writer, const WidgetSpec& spec) {
+    const auto parsed = HexColor::hexString(spec.accentHex);
+    const Color color = parsed.value_or(Color::accentColor);
+    writer.key("accent").beginObject();
+    writer.key("colour").string(hexText(color).substr(0, 7));
+    writer.key("contrast").number(std::floor(contrast(color, cardBackground) * 10) / 10).endObject();
+}
+
+void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPictures& pictures,
+                const Symbols& symbols) {
+    const WidgetSpec& draft = workbench.draft();
+    writer.key("draft").beginObject();
+    writer.key("revision").integer(static_cast<std::int64_t>(workbench.revision()));
+    writer.key("isNew").boolean(workbench.isNew());
+    writer.key("isUnsaved").boolean(workbench.isUnsaved());
+    writer.key("conflict").string(word(workbench.conflict()));
+    writer.key("record");
+    WidgetSpecJSON::write(writer, draft);
+    writer.key("shows").beginArray();
+    for (const WidgetField field : face(draft.kind).shows) writer.string(name(field));
+    writer.endArray();
+    writeAccent(writer, draft);
+    writer.key("warnings").beginArray();
+    for (const auto& [field, text] : warnings(draft, symbols))
+        writer.beginObject().key("field").string(field).key("text").string(text).endObject();
+    writer.endArray();
+    writer.key("words").string(pictures.words(draft)).endObject();
+}
+
+}  // namespace
+
+std::string version(const WidgetSpec& spec) {
+    const std::size_t hash = std::hash<std::string>()(WidgetSpecJSON::encode(spec).value_or(""));
+    char digits[2 * sizeof hash];
+    const auto end = std::to_chars(digits, digits + sizeof digits, hash, 16).ptr;
+    return {digits, end};
+}
+
+std::string stateMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols) {
+    json::Writer writer;
+    writer.beginObject();
+    writeDesigns(writer, workbench, pictures);
+    writer.key("trouble").string(workbench.trouble());
+    writer.key("undo").string(workbench.undoable().value_or(""));
+    writeDraft(writer, workbench, pictures, symbols);
+    const std::string object = writer.endObject().finish().value_or("{}");
+    return object.substr(1, object.size() - 2);
+}
+
+}  // namespace orvel::designer

@@ -1,0 +1,18 @@
+// What a page shows, as JSON: the stored designs, the one that is edited, and what can be done.
+#pragma once
+
+#include <string>
+
+#include "designer/card_pictures.h"
+#include "designer/workbench.h"
+#include "platform/symbols/symbols.h"
+
+namespace orvel::designer {
+
+/// Names a design's content: two that differ in anything have different ones, as far as 64 bits go.
+std::string version(const WidgetSpec& spec);
+
+/// The members of an object, without its braces.
+std::string stateMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols);
+
+}  // namespace orvel::designer

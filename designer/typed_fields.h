@@ -1,0 +1,26 @@
+// A design's fields as a person types them into the page.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/widget_spec.h"
+#include "platform/foundation/platform.h"
+
+namespace orvel::designer {
+
+struct TypedField {
+    std::string field;                ///< as in authoring/field_texts.h
+    std::vector<std::string> values;  ///< one, or the rows of a list; empty: the field is absent
+};
+
+struct FieldRefusal {
+    std::string field;
+    std::string reason;
+};
+
+/// Changes the record as the record's constructor would have it. The fields that can't be as they were typed stay as
+/// they were, and are returned.
+std::vector<FieldRefusal> typeInto(WidgetSpec& spec, const std::vector<TypedField>& fields, const Platform& platform);
+
+}  // namespace orvel::designer

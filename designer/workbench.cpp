@@ -1,0 +1,290 @@
+#include "designer/workbench.h"
+
+#include <algorithm>
+
+#include "authoring/designs.h"
+#include "authoring/history.h"
+#include "model/store_files.h"
+#include "model/widget_spec_json.h"
+#include "platform/foundation/unicode.h"
+
+namespace orvel::designer {
+namespace {
+
+// A page waits for the answer.
+const LockWait patience{.most = std::chrono::seconds(2), .silent = std::chrono::seconds(2)};
+
+bool isSame(const WidgetSpec& a, const WidgetSpec& b) {
+    return WidgetSpecJSON::encode(a) == WidgetSpecJSON::encode(b);
+}
+
+std::filesystem::path baseFile(const Platform& platform) {
+    return History::file(platform).parent_path() / "edited-design.json";
+}
+
+// The stored design that the pending one began from, as it was kept.
+std::optional<WidgetSpec> readBase(const WidgetSpec& pending, const Platform& platform) {
+    auto bytes = platform.files.read(baseFile(platform));
+    if (!bytes) return std::nullopt;
+    auto base = WidgetSpecJSON::decode(*std::move(bytes));
+    if (!base || base->id != pending.id) return std::nullopt;
+    return *std::move(base);
+}
+
+Outcome<std::size_t> indexOf(const std::string& id, const std::vector<WidgetSpec>& specs) {
+    const auto found = std::ranges::find_if(
+        specs, [&](const WidgetSpec& spec) { return unicode::canonicallyEquivalent(spec.id, id); });
+    if (found == specs.end()) return Failure{"no design has the id " + unicode::onOneLine(id)};
+    return static_cast<std::size_t>(found - specs.begin());
+}
+
+}  // namespace
+
+Workbench::Workbench(const Platform& platform) : platform_(platform), draft_(blank()) {
+    readStore();
+    openAny(0);
+    followPending();
+}
+
+bool Workbench::isUnsaved() const {
+    if (base_) return !isSame(draft_, *base_);
+    WidgetSpec untouched = blank();
+    untouched.id = draft_.id;
+    untouched.createdAt = draft_.createdAt;
+    return !isSame(draft_, untouched);
+}
+
+Conflict Workbench::conflict() const {
+    if (!base_ || !isUnsaved() || !trouble_.empty()) return Conflict::none;
+    const WidgetSpec* const now = stored(base_->id);
+    if (!now) return Conflict::removed;
+    return isSame(*now, *base_) || isSame(*now, draft_) ? Conflict::none : Conflict::changed;
+}
+
+void Workbench::look() {
+    const auto before = base_ ? indexOf(base_->id, specs_) : Outcome<std::size_t>(0);
+    readStore();
+    if (trouble_.empty() && base_ && !isUnsaved()) {
+        const WidgetSpec* const now = stored(base_->id);
+        if (!now)
+            openAny(before ? *before : 0);
+        else if (!isSame(*now, *base_))
+            open(*now, *now);
+    }
+    followPending();
+}
+
+std::vector<FieldRefusal> Workbench::type(const std::vector<TypedField>& fields) {
+    auto refusals = typeInto(draft_, fields, platform_);
+    ++revision_;
+    return refusals;
+}
+
+Outcome<Done> Workbench::keep() {
+    if (!isUnsaved()) return kept_ ? forgetPending() : Outcome<Done>(Done{});
+    if (kept_ && isSame(*kept_, draft_)) return Done{};
+    const auto lock = lockStore(platform_, patience);
+    if (!lock) return lock.failure();
+    if (!kept_ || kept_->id != draft_.id) {
+        const auto file = baseFile(platform_);
+        (void)platform_.files.createFolders(file.parent_path());
+        const auto base = base_ ? WidgetSpecJSON::encode(*base_) : std::nullopt;
+        if (base)
+            (void)platform_.files.replace(file, *base, NewFile::ownerOnly);
+        else
+            (void)platform_.files.remove(file);
+    }
+    const auto written = StoreFiles::writePending(draft_, platform_);
+    if (!written) return Failure{written.failure().message()};
+    kept_ = draft_;
+    return Done{};
+}
+
+Outcome<Done> Workbench::startNew(Unsaved unsaved) {
+    const auto left = leave(unsaved);
+    if (left) open(blank(), std::nullopt);
+    return left;
+}
+
+Outcome<Done> Workbench::edit(const std::string& id, Unsaved unsaved) {
+    if (base_ && base_->id == id) return Done{};
+    const WidgetSpec* const found = stored(id);
+    if (!found) return Failure{"no design has the id " + unicode::onOneLine(id)};
+    const auto left = leave(unsaved);
+    if (left) open(*found, *found);
+    return left;
+}
+
+Outcome<Done> Workbench::save(bool inFront) {
+    if (conflict() == Conflict::changed)
+        return Failure{"this design was changed by another program since you began", Failure::Cause::request,
+                       conflictField};
+    if (const auto kept = keep(); !kept) return kept;
+    const auto saved = change([&](const std::vector<WidgetSpec>& specs) -> Outcome<Change> {
+        const auto index = indexOf(draft_.id, specs);
+        // What happened between the last look and the lock.
+        if (index && base_ && !isSame(specs[*index], *base_) && !isSame(specs[*index], draft_))
+            return Failure{"this design was changed by another program since you began", Failure::Cause::request,
+                           conflictField};
+        auto change = index && !inFront ? Changes::replacing(specs, *index, draft_) : Changes::adding(specs, draft_);
+        if (change && isUnsaved()) change->accepted = draft_;
+        return change;
+    });
+    if (!saved) return saved;
+    base_ = draft_;
+    ++revision_;
+    return forgetPending();
+}
+
+void Workbench::keepMine() {
+    const WidgetSpec* const now = base_ ? stored(base_->id) : nullptr;
+    base_ = now ? std::optional(*now) : std::nullopt;
+    kept_.reset();
+    ++revision_;
+}
+
+Outcome<Done> Workbench::takeTheirs() {
+    const auto forgotten = forgetPending();
+    if (forgotten) openStored(draft_.id);
+    return forgotten;
+}
+
+Outcome<Done> Workbench::duplicate(Unsaved unsaved) {
+    if (!base_) return Failure{"a design that isn't stored yet can't be duplicated; save it first"};
+    const std::string id = base_->id;
+    if (const auto left = leave(unsaved); !left) return left;
+    std::optional<WidgetSpec> copy;
+    const auto changed = change([&](const std::vector<WidgetSpec>& specs) -> Outcome<Change> {
+        const auto index = indexOf(id, specs);
+        if (!index) return index.failure();
+        copy = specs[*index];
+        copy->id = platform_.identities.uuid();
+        copy->createdAt = platform_.clock.now();
+        Change change;
+        change.what = "duplicated " + Changes::nameOf(specs[*index]);
+        change.inserted.push_back({*index + 1, *copy});
+        return change;
+    });
+    if (changed) open(*copy, *copy);
+    return changed;
+}
+
+Outcome<Done> Workbench::removeDraft() {
+    std::size_t index = 0;
+    if (base_ && stored(base_->id)) {
+        const auto changed = change([&](const std::vector<WidgetSpec>& specs) -> Outcome<Change> {
+            const auto found = indexOf(base_->id, specs);
+            if (!found) return found.failure();
+            index = *found;
+            return Changes::removing(specs, {index});
+        });
+        if (!changed) return changed;
+    }
+    const auto forgotten = forgetPending();
+    if (forgotten) openAny(index);
+    return forgotten;
+}
+
+Outcome<Done> Workbench::move(const std::string& id, std::size_t to) {
+    return change([&](const std::vector<WidgetSpec>& specs) -> Outcome<Change> {
+        const auto index = indexOf(id, specs);
+        if (!index) return index.failure();
+        return Changes::moving(specs, *index, std::min(to, specs.size() - 1));
+    });
+}
+
+Outcome<Done> Workbench::undo() {
+    if (const auto kept = keep(); !kept) return kept;
+    {
+        const auto designs = openDesigns(platform_, patience);
+        if (!designs) return designs.failure();
+        const auto undone = orvel::undo(*designs, platform_);
+        if (!undone) return undone.failure();
+    }
+    look();
+    return Done{};
+}
+
+void Workbench::readStore() {
+    auto specs = readDesigns(platform_);
+    trouble_ = specs ? "" : specs.failure().reason;
+    specs_ = specs ? *std::move(specs) : std::vector<WidgetSpec>();
+    undoable_.reset();
+    if (const auto history = History::read(platform_))
+        if (const auto last = History::last(*history); last && *last) undoable_ = (*last)->what;
+}
+
+void Workbench::followPending() {
+    const auto pending = StoreFiles::readPending(platform_);
+    if (pending) {
+        if (kept_ && isSame(*kept_, *pending)) return;
+        kept_ = *pending;
+        if (isSame(draft_, *pending)) return;
+        auto base = readBase(*pending, platform_);
+        if (const WidgetSpec* const now = stored(pending->id); !base && now) base = *now;
+        open(*pending, std::move(base));
+        kept_ = *pending;
+    } else if (kept_ && pending.failure().isMissing()) {
+        kept_.reset();
+        openStored(draft_.id);
+    }
+}
+
+void Workbench::open(WidgetSpec spec, std::optional<WidgetSpec> base) {
+    draft_ = std::move(spec);
+    base_ = std::move(base);
+    kept_.reset();
+    ++revision_;
+}
+
+void Workbench::openStored(const std::string& id) {
+    const WidgetSpec* const now = stored(id);
+    return now ? open(*now, *now) : openAny(0);
+}
+
+void Workbench::openAny(std::size_t near) {
+    if (specs_.empty()) return open(blank(), std::nullopt);
+    const WidgetSpec& spec = specs_[std::min(near, specs_.size() - 1)];
+    open(spec, spec);
+}
+
+WidgetSpec Workbench::blank() const {
+    return WidgetSpec({.title = "", .kind = WidgetKind::metric}, platform_);
+}
+
+const WidgetSpec* Workbench::stored(const std::string& id) const {
+    const auto index = indexOf(id, specs_);
+    return index ? &specs_[*index] : nullptr;
+}
+
+Outcome<Done> Workbench::leave(Unsaved unsaved) {
+    if (!isUnsaved()) return Done{};
+    if (unsaved == Unsaved::refuse)
+        return Failure{"what you typed isn't saved yet", Failure::Cause::request, unsavedField};
+    return forgetPending();
+}
+
+Outcome<Done> Workbench::forgetPending() {
+    const auto lock = lockStore(platform_, patience);
+    if (!lock) return lock.failure();
+    const auto removed = StoreFiles::removePending(platform_);
+    if (!removed && !removed.failure().isMissing()) return Failure{removed.failure().message()};
+    (void)platform_.files.remove(baseFile(platform_));
+    kept_.reset();
+    return Done{};
+}
+
+Outcome<Done> Workbench::change(FunctionRef<Outcome<Change>(const std::vector<WidgetSpec>&)> wanted) {
+    {
+        const auto designs = openDesigns(platform_, patience);
+        if (!designs) return designs.failure();
+        const auto change = wanted(designs->specs);
+        if (!change) return change.failure();
+        const auto saved = saveChange(*designs, *change, platform_);
+        if (!saved) return saved.failure();
+    }
+    readStore();
+    return Done{};
+}
+
+}  // namespace orvel::designer

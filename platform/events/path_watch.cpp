@@ -1,0 +1,155 @@
+#include "platform/events/path_watch.h"
+
+#include <sys/inotify.h>
+
+#include <array>
+#include <chrono>
+#include <deque>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "platform/foundation/descriptor.h"
+#include "platform/events/timer.h"
+
+namespace orvel {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto quiet = 20ms;
+constexpr auto longestBurst = 200ms;
+
+// What tells that a name on the way leads elsewhere now. Watching the thing itself, not the folder that it lies in, a
+// busy home folder wakes nobody. (A changed attribute would tell of everything in a folder; a file's, or a link's, also
+// tells that its last name is gone.)
+constexpr std::uint32_t gone = IN_DELETE_SELF | IN_MOVE_SELF;
+constexpr std::uint32_t itself = gone | IN_ATTRIB;
+constexpr std::uint32_t names = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
+
+/// Adds the watches that one path needs as things stand.
+class Route {
+public:
+    explicit Route(int inotify) : inotify_(inotify) {}
+
+    void follow(const fs::path& path) {
+        if (path.is_absolute() && walk(path)) watchDestination();
+    }
+
+private:
+    void watch(const fs::path& path, std::uint32_t what) {
+        ::inotify_add_watch(inotify_, path.c_str(), what | IN_MASK_ADD);
+    }
+
+    /// False when the way ends before the path does.
+    bool walk(const fs::path& path) {
+        linksLeft_ = 40;  // as many as the kernel follows
+        at_ = "/";
+        const fs::path way = path.relative_path();
+        ahead_.assign(way.begin(), way.end());
+        while (!ahead_.empty())
+            if (!step()) return false;
+        return true;
+    }
+
+    bool step() {
+        const fs::path name = ahead_.front();
+        if (name.empty() || name == ".") {
+            ahead_.pop_front();
+            return true;
+        }
+        const fs::path next = at_ / name;
+        std::error_code failed;
+        auto status = fs::symlink_status(next, failed);
+        if (!fs::exists(status)) {
+            watch(at_, gone | names | IN_ONLYDIR);
+            status = fs::symlink_status(next, failed);  // made before the watch was there
+            if (!fs::exists(status)) return false;
+        }
+        ahead_.pop_front();
+        if (fs::is_symlink(status)) return followLink(next);
+        if (!ahead_.empty()) watch(next, gone | IN_ONLYDIR);
+        at_ = next;
+        return true;
+    }
+
+    bool followLink(const fs::path& link) {
+        watch(link, itself | IN_DONT_FOLLOW);
+        std::error_code failed;
+        const fs::path target = fs::read_symlink(link, failed);
+        if (failed || --linksLeft_ < 0) return false;
+        if (target.is_absolute()) at_ = "/";
+        const fs::path way = target.relative_path();
+        ahead_.insert(ahead_.begin(), way.begin(), way.end());
+        return true;
+    }
+
+    void watchDestination() {
+        watch(at_, itself | names | IN_CLOSE_WRITE);
+        std::error_code failed;
+        std::vector<fs::path> links;
+        for (fs::directory_iterator entry(at_, failed), end; !failed && entry != end; entry.increment(failed))
+            if (std::error_code unreadable; entry->is_symlink(unreadable)) links.push_back(entry->path());
+        // Files that lie elsewhere; of a folder elsewhere, only whether it is still there.
+        for (const fs::path& link : links)
+            if (walk(link)) watch(at_, itself | IN_CLOSE_WRITE);
+    }
+
+    int inotify_;
+    int linksLeft_ = 0;
+    fs::path at_;
+    std::deque<fs::path> ahead_;
+};
+
+}  // namespace
+
+class PathWatch::State {
+public:
+    State(EventLoop& loop, std::vector<fs::path> paths, EventLoop::Handler changed)
+        : loop_(loop), paths_(std::move(paths)), changed_(std::move(changed)), settled_(loop, [this] { report(); }) {
+        watchAll();
+    }
+
+private:
+    void watchAll() {
+        Descriptor fresh(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
+        if (!fresh) return;  // the system has no more to give: what was watched stays watched
+        Route route(fresh.get());
+        for (const fs::path& path : paths_) route.follow(path);
+        watch_.emplace(loop_.watch(fresh.get(), [this] { drainEvents(); }));
+        inotify_ = std::move(fresh);
+    }
+
+    void drainEvents() {
+        alignas(inotify_event) std::array<char, 4096> events;
+        while (::read(inotify_.get(), events.data(), events.size()) > 0) {
+        }
+        const auto now = Clock::now();
+        if (!settled_.isSet()) began_ = now;
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(began_ + longestBurst - now);
+        settled_.set(std::min<std::chrono::milliseconds>(quiet, left));
+    }
+
+    // The watches are renewed before anybody reads, so that nothing falls between.
+    void report() {
+        watchAll();
+        changed_();
+    }
+
+    EventLoop& loop_;
+    std::vector<fs::path> paths_;
+    EventLoop::Handler changed_;
+    DelayTimer settled_;
+    Clock::time_point began_;
+    Descriptor inotify_;
+    std::optional<EventLoop::Watch> watch_;
+};
+
+PathWatch::PathWatch(EventLoop& loop, std::vector<fs::path> paths, EventLoop::Handler changed)
+    : state_(std::make_unique<State>(loop, std::move(paths), std::move(changed))) {}
+
+PathWatch::~PathWatch() = default;
+
+}  // namespace orvel

@@ -1,0 +1,14 @@
+// Words of the scripts that leave no blanks between them, from ICU's dictionaries where ICU is installed. It is loaded
+// when such a text first shows, and by whoever draws it only. Private to this folder.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace orvel {
+
+/// Where a line may end inside a text of Khmer, Lao or Burmese, as indices of code units; none without ICU.
+std::vector<std::size_t> dictionaryBreaks(std::u16string_view text);
+
+}  // namespace orvel

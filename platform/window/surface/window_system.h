@@ -1,0 +1,51 @@
+// The session's window system: its monitors, and one connection for all surfaces that this process has on them.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/window/surface/desktop_surface.h"
+
+namespace orvel {
+
+struct Output {
+    std::string name;
+    PixelRect area = {};  ///< of all outputs together
+    double scale = 1;
+    bool primary = false;  ///< the main one, where the window system or its user says so
+    double roomWidth = 0;  ///< points that panels leave free; 0 while that isn't known
+    double roomHeight = 0;
+};
+
+struct NoDisplay {
+    std::string reason;
+};
+
+class WindowSystem {
+public:
+    virtual ~WindowSystem() = default;
+
+    struct Handlers {
+        std::function<void()> outputsChanged;  ///< what `outputs` says is no longer true
+        /// One sentence for a person, such as why surfaces are plain windows.
+        std::function<void(const std::string&)> notice;
+        /// It has gone away, with one line that says so; absent when a person closed a surface's window.
+        std::function<void(std::optional<std::string> why)> ended;
+    };
+
+    /// From here on the loop that it was opened with handles its events.
+    virtual void serve(Handlers handlers) = 0;
+
+    virtual std::vector<Output> outputs() const = 0;
+
+    /// Has `outputs` tell their room, if it doesn't anyway: soon, by `outputsChanged`.
+    virtual void findRooms() {}
+
+    /// It must go before the window system does.
+    virtual std::unique_ptr<DesktopSurface> open(SurfaceRequest request) = 0;
+};
+
+}  // namespace orvel

@@ -1,0 +1,15 @@
+// X11 as the session's window system. Private to this folder.
+#pragma once
+
+#include <memory>
+
+#include "platform/window/surface/window_system.h"
+#include "platform/window/x11/display.h"
+
+namespace orvel {
+
+/// `notice` is a sentence for the person, or null.
+std::unique_ptr<WindowSystem> makeX11WindowSystem(std::unique_ptr<X11Display> display, const char* notice,
+                                                  EventLoop& loop);
+
+}  // namespace orvel

@@ -1,0 +1,52 @@
+// A designer on a home of its own, for the tests of its page and for the pictures of its document.
+import { execFileSync, spawn } from 'node:child_process';
+import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
+import { tmpdir, userInfo } from 'node:os';
+import { createInterface } from 'node:readline';
+import { join } from 'node:path';
+import { chromium } from 'playwright-core';
+
+const flags = ['--headless', '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
+  '--disable-background-networking', '--disable-component-update', '--disable-sync'];
+
+export class Home {
+  constructor(build) {
+    const { uid, gid } = userInfo();
+    this.build = build;
+    this.folder = mkdtempSync(join(tmpdir(), 'orvel-designer-'));
+    this.store = join(this.folder, 'Library', 'Application Support', 'Orvel');
+    mkdirSync(this.store, { recursive: true });
+    writeFileSync(join(this.folder, 'passwd'), `user:x:${uid}:${gid}::${this.folder}:/bin/sh\n`);
+    writeFileSync(join(this.folder, 'group'), `user:x:${gid}:\n`);
+    this.environment = {
+      ...process.env, TZ: 'Europe/Berlin', ASAN_OPTIONS: 'verify_asan_link_order=0', LD_PRELOAD: 'libnss_wrapper.so',
+      NSS_WRAPPER_PASSWD: join(this.folder, 'passwd'), NSS_WRAPPER_GROUP: join(this.folder, 'group'),
+      XDG_STATE_HOME: join(this.folder, 'state'), XDG_CONFIG_HOME: join(this.folder, 'config'),
+    };
+  }
+
+  orvel(...words) {
+    return execFileSync(join(this.build, 'orvel'), words, { env: this.environment, maxBuffer: 1 << 26 });
+  }
+
+  read(name) {
+    return readFileSync(join(this.store, name), 'utf8');
+  }
+
+  // Starts `orvel design`; `address` and `ended` tell of it.
+  async design(...words) {
+    const child = spawn(join(this.build, 'orvel'), ['design', '--no-browser', ...words],
+      { env: this.environment, stdio: ['ignore', 'pipe', 'inherit'] });
+    const ended = new Promise((resolve) => child.once('exit', resolve));
+    const address = await new Promise((resolve) => createInterface(child.stdout).once('line', resolve));
+    return { child, ended, address };
+  }
+
+  remove() {
+    rmSync(this.folder, { recursive: true, force: true });
+  }
+}
+
+export function openBrowser() {
+  return chromium.launch({ executablePath: '/usr/bin/chromium', args: flags });
+}

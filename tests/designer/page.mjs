@@ -1,0 +1,196 @@
+// The designer's page in a real browser: each kind from nothing by labels alone, the keyboard alone, what is kept,
+// two windows, other programs, and hostile texts.
+// Usage: page.mjs BUILD_FOLDER
+import assert from 'node:assert/strict';
+import { readFileSync } from 'node:fs';
+import { Home, openBrowser } from './designer.mjs';
+
+const home = new Home(process.argv[2]);
+const browser = await openBrowser();
+const designer = await home.design();
+const context = await browser.newContext({ timezoneId: 'Europe/Berlin', deviceScaleFactor: 2 });
+const strangers = [];
+context.on('request', (request) => {
+  if (!request.url().startsWith(new URL(designer.address).origin) && !request.url().startsWith('data:')) strangers.push(request.url());
+});
+
+const byRole = (page, role, name) => page.getByRole(role, { name, exact: true });
+const press = (page, name) => byRole(page, 'button', name).click();
+const stored = () => JSON.parse(home.orvel('list', '--json'));
+const pending = () => JSON.parse(home.orvel('pending', '--json'));
+
+async function open(address = designer.address) {
+  const page = await context.newPage();
+  page.on('pageerror', (error) => assert.fail(error));
+  await page.goto(address);
+  await page.locator('#small[src]').waitFor();
+  return page;
+}
+
+async function eventually(what, expected, ask) {
+  let seen;
+  for (let attempt = 0; attempt < 60; ++attempt) {
+    seen = await ask();
+    if (JSON.stringify(seen) === JSON.stringify(expected)) return;
+    await new Promise((resolve) => setTimeout(resolve, 50));
+  }
+  assert.deepEqual(seen, expected, what);
+}
+
+async function fill(page, values) {
+  for (const [label, value] of Object.entries(values)) {
+    if (label === 'Items') {
+      for (const [index, row] of value.entries()) {
+        await press(page, 'Add a row');
+        await page.getByLabel(`Item ${index + 1}`).fill(row);
+      }
+    } else if (label === 'Progress') {
+      await byRole(page, 'textbox', label).fill(value);
+    } else {
+      await page.getByLabel(label, { exact: true }).fill(value);
+    }
+  }
+}
+
+const picture = async (page, name) =>
+  Buffer.from((await byRole(page, 'img', name).getAttribute('src')).split(',')[1], 'base64');
+
+// What is typed by labels, and the same for the command.
+const kinds = [
+  ['Metric', { Title: 'Active users', 'Main text': '42', 'Second line': '12 more', Symbol: 'person.2.fill', 'Accent colour': '#0A84FF' },
+    ['--primary', '42', '--secondary', '12 more', '--symbol', 'person.2.fill', '--accent', '#0A84FF']],
+  ['Progress', { Title: 'Reading', Progress: '0.38', Symbol: 'book.fill' }, ['--progress', '0.38', '--symbol', 'book.fill']],
+  ['List', { Title: 'Groceries', Items: ['Oat milk', 'Bread, dark'] }, ['--item', 'Oat milk', '--item', 'Bread, dark']],
+  ['Note', { Title: '<b>x</b><img src=x onerror=alert(1)>', 'Main text': '"><script>alert(1)</script>', 'Second line': 'שלום ‮x' },
+    ['--primary', '"><script>alert(1)</script>', '--secondary', 'שלום ‮x']],
+  ['Countdown', { Title: 'Release', Target: '2036-12-24 18:00' }, ['--target', '2036-12-24 18:00']],
+];
+
+async function eachKindFromNothing(page) {
+  page.on('dialog', () => assert.fail('a text of a design ran'));
+  for (const [kind, values, options] of kinds) {
+    await press(page, 'New design');
+    await page.getByRole('heading', { name: 'New design' }).waitFor();
+    await byRole(page, 'radio', kind).check();
+    await fill(page, values);
+    await press(page, 'Save');
+    await eventually(`${kind} is stored in front`, values.Title, async () => stored()[0]?.title);
+    const made = stored()[0];
+    home.orvel('add', '--id', 'reference', '--kind', kind.toLowerCase(), '--title', values.Title, ...options);
+    const reference = stored()[0];
+    assert.deepEqual({ ...made, id: '', createdAt: 0 }, { ...reference, id: '', createdAt: 0 }, kind);
+    home.orvel('remove', 'reference');
+    for (const family of ['small', 'medium']) {
+      const name = family === 'small' ? 'Small card' : 'Medium card';
+      const drawn = home.orvel('render', '--family', family, '--scale', '2', '-o', '-');
+      const [download] = await Promise.all([page.waitForEvent('download'), page.getByRole('link', { name: `PNG, ${family}` }).click()]);
+      assert.ok(drawn.equals(readFileSync(await download.path())), `${kind}, ${family}: the download`);
+      await eventually(`${kind}, ${family}: as orvel render draws it`, true, async () => drawn.equals(await picture(page, name)));
+    }
+    await eventually(`${kind} in words`, home.orvel('show').toString().trim(),
+      async () => byRole(page, 'img', 'Small card').getAttribute('alt'));
+  }
+  assert.equal(await page.getByRole('list', { name: 'Designs' }).getByRole('listitem').count(), kinds.length);
+}
+
+async function fieldsOfAnotherKindAreKept(page) {
+  await page.getByLabel('Target', { exact: true }).fill('');
+  await eventually('a field without text is absent', undefined, async () => (pending() ?? { targetISO8601: 1 }).targetISO8601);
+  await page.getByRole('list', { name: 'Designs' }).getByRole('button', { name: 'Active users' }).click();
+  await press(page, 'Discard');
+  await eventually('the other design', 'Active users', () => page.getByLabel('Title').inputValue());
+  await byRole(page, 'radio', 'List').check();
+  await page.getByText('Kept for the kinds that show it: Main text, Second line').waitFor();
+  assert.equal(await page.getByLabel('Main text').isVisible(), false);
+  await byRole(page, 'radio', 'Metric').check();
+  await eventually('it is as before', '42', () => page.getByLabel('Main text').inputValue());
+  await eventually('and nothing is left to save', null, pending);
+}
+
+async function whatWasTypedIsKept(page) {
+  await page.getByLabel('Main text').fill('43');
+  await eventually('it is pending', '43', async () => pending()?.primary);
+  await page.reload();
+  await eventually('a reload shows it', '43', () => page.getByLabel('Main text').inputValue());
+  // Leaving it asks, and can be taken back.
+  await page.getByRole('list', { name: 'Designs' }).getByRole('button', { name: 'Groceries' }).click();
+  await press(page, 'Keep editing');
+  assert.equal(await page.getByLabel('Main text').inputValue(), '43');
+  await page.getByLabel('Symbol').fill('hous');
+  await page.getByText('can\'t be drawn').waitFor();
+  await byRole(page, 'option', 'house').click();
+  await eventually('the chosen symbol', 'house', async () => pending()?.symbol);
+}
+
+async function anotherProgramChangesIt(page) {
+  const id = pending().id;
+  home.orvel('set', id, 'title=From a script');
+  await press(page, 'Keep mine');
+  await press(page, 'Save');
+  await eventually('mine is stored', ['Active users', '43'],
+    async () => stored().filter((spec) => spec.id === id).flatMap((spec) => [spec.title, spec.primary]));
+  home.orvel('set', id, 'title=Shown at once');
+  await eventually('what isn\'t edited follows', 'Shown at once', () => page.getByLabel('Title').inputValue());
+}
+
+async function secondWindow(page) {
+  const other = await open();
+  await other.getByLabel('Title').fill('Typed in another window');
+  await eventually('both show it', 'Typed in another window', () => page.getByLabel('Title').inputValue());
+  await other.close();
+}
+
+async function keyboardAlone(page) {
+  const count = stored().length;
+  await press(page, 'Save');
+  const focus = async (name) => {
+    for (let i = 0; i < 80; ++i) {
+      await page.keyboard.press('Tab');
+      const at = await page.evaluate(() => [document.activeElement.textContent.trim(), document.activeElement.id]);
+      if (at.includes(name)) return;
+    }
+    assert.fail(`Tab doesn't reach ${name}`);
+  };
+  await focus('Duplicate');
+  await page.keyboard.press('Enter');
+  await eventually('a copy', count + 1, async () => stored().length);
+  await focus('Remove');
+  await page.keyboard.press('Space');
+  await eventually('it is gone', count, async () => stored().length);
+  await focus('Undo');
+  await page.keyboard.press('Enter');
+  await eventually('it is back', count + 1, async () => stored().length);
+  const last = page.getByRole('list', { name: 'Designs' }).getByRole('button').last();
+  const title = stored().at(-1).title;
+  await last.focus();
+  await page.keyboard.press('Alt+Home');
+  await eventually('it is in front', title, async () => stored()[0].title);
+}
+
+async function secondCallAndEnd(page) {
+  const again = await home.design('@2');
+  assert.equal(await again.ended, 0);
+  assert.equal(new URL(again.address).origin, new URL(designer.address).origin);
+  const other = await open(again.address);
+  await eventually('it begins with that design', stored()[1].title, () => other.getByLabel('Title').inputValue());
+  assert.equal(new URL(other.url()).search, '', 'the secret stays in the address');
+  await other.close();
+  await page.close();
+  assert.equal(await designer.ended, 0);
+}
+
+const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 150000);
+try {
+  const page = await open();
+  for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt,
+    secondWindow, keyboardAlone, secondCallAndEnd]) {
+    await part(page);
+    console.log(`${part.name}: as it should be`);
+  }
+  assert.deepEqual(strangers, [], 'the page asks its own server alone');
+} finally {
+  clearTimeout(watchdog);
+  designer.child.kill();
+  await browser.close();
+  home.remove();
+}

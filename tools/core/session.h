@@ -1,0 +1,21 @@
+// One run of the command: what it was called with, and the operation that its words chose.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/foundation/platform.h"
+#include "tools/core/console.h"
+
+namespace orvel::tools {
+
+struct Session {
+    Console console;
+    std::optional<Date> at = {};               ///< absent: the machine's clock
+    std::optional<std::string> language = {};  ///< absent: the environment's
+    /// Set while the arguments are parsed; called once, with a platform whose clock is at that moment.
+    std::function<Outcome<Done>(const Platform&)> operation = {};
+};
+
+}  // namespace orvel::tools

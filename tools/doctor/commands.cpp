@@ -1,0 +1,18 @@
+#include "tools/doctor/commands.h"
+
+#include <memory>
+
+#include "tools/core/shared_options.h"
+#include "tools/doctor/doctor.h"
+
+namespace orvel::tools {
+
+void addDoctorCommand(CLI::App& app, Session& session) {
+    const auto form = std::make_shared<DoctorForm>(DoctorForm::text);
+    CLI::App& command = *app.add_subcommand("doctor", "Say what the card needs, what is there, and what to do");
+    command.add_flag_callback(
+        "--json", [form] { *form = DoctorForm::json; }, "As JSON");
+    runs(command, session, form, doctor);
+}
+
+}  // namespace orvel::tools

@@ -1,0 +1,15 @@
+// doctor: its words and options.
+#pragma once
+
+#include "tools/core/session.h"
+
+namespace CLI {
+class App;
+}
+
+namespace orvel::tools {
+
+/// The session must outlive the app.
+void addDoctorCommand(CLI::App& app, Session& session);
+
+}  // namespace orvel::tools

@@ -1,0 +1,14 @@
+// What is there for the card on this machine, and what to do about what isn't.
+#pragma once
+
+#include "platform/foundation/platform.h"
+#include "tools/core/console.h"
+
+namespace orvel::tools {
+
+enum class DoctorForm { text, json };
+
+/// Prints what every check finds. A problem is a failure; a note isn't.
+Outcome<Done> doctor(DoctorForm form, const Platform& platform, Console& console);
+
+}  // namespace orvel::tools

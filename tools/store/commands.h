@@ -1,0 +1,15 @@
+// add, set, edit, front, remove, undo, restore, list, pending, check: their words and options.
+#pragma once
+
+#include "tools/core/session.h"
+
+namespace CLI {
+class App;
+}
+
+namespace orvel::tools {
+
+/// The session must outlive the app.
+void addStoreCommands(CLI::App& app, Session& session);
+
+}  // namespace orvel::tools

@@ -1,0 +1,18 @@
+// The stored designs, printed.
+#pragma once
+
+#include "platform/foundation/platform.h"
+#include "tools/core/console.h"
+
+namespace orvel::tools {
+
+enum class ListForm { table, json, ids };
+
+/// A line for a person, who has stored none, of how to begin.
+inline constexpr const char* noDesignsYet =
+    "no designs are stored yet; this makes one: orvel add --kind metric --title \"Active users\" --primary 42\n";
+
+/// The table marks the design that the desktop shows; on a terminal it is cut to the terminal's width.
+Outcome<Done> list(ListForm form, const Platform& platform, Console& console);
+
+}  // namespace orvel::tools
