@@ -1,10 +1,12 @@
 #include "tools/doctor/checks.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
 #include "authoring/designs.h"
 #include "authoring/warnings.h"
+#include "desktop/places.h"
 #include "model/store_files.h"
 #include "platform/foundation/installation.h"
 #include "platform/foundation/text_list.h"
@@ -75,6 +77,19 @@ Finding store(const Platform& platform) {
     return {good, file + ": " + count};
 }
 
+Finding places(const Platform& platform) {
+    const auto places = readPlaces(platform);
+    if (!places) return {problem, places.failure().reason, "mend it there; until then, the cards stay as they are"};
+    if (places->empty()) return {good, "none: the first design stands at the top right"};
+    const auto designs = readDesigns(platform);
+    if (!designs) return {note, "whether their designs are stored can't be told", "see store"};
+    const auto waiting = std::ranges::count_if(*places, [&](const Place& each) { return !designAt(each, *designs); });
+    const std::string count = std::to_string(places->size()) + (places->size() == 1 ? " place" : " places");
+    if (waiting == 0) return {good, count};
+    return {note, count + ", " + std::to_string(waiting) + " without a stored design",
+            "orvel place shows which; store the design, or orvel unplace it"};
+}
+
 Finding atStart(const Platform& platform) {
     const auto state = autostart(platform);
     if (!state) return {problem, state.failure().reason, "make that readable"};
@@ -85,7 +100,7 @@ Finding atStart(const Platform& platform) {
 
 constexpr std::array all{
     Check{"session", session}, Check{"layer shell", layerShell}, Check{"renderer", renderer}, Check{"fonts", fonts},
-    Check{"store", store},     Check{"autostart", atStart},
+    Check{"store", store},     Check{"places", places},          Check{"autostart", atStart},
 };
 
 }  // namespace
