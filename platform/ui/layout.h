@@ -1,5 +1,6 @@
-// From a view tree and an offer to boxes: every view chooses its size, its parent places it. Rules as on the desktop
-// this vocabulary comes from: stacks serve priority groups, spacers come last, frames propose and report.
+// Lays a view tree out: a parent proposes a size, each child chooses its own, and the parent places it. A stack serves
+// its least flexible children first and its spacers last. A frame proposes the lengths that it is given, and takes them
+// whatever its content chooses. A text wraps, then shrinks as far as it may, and is then cut.
 #pragma once
 
 #include <memory>
