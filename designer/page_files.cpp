@@ -3,32 +3,19 @@
 #include <algorithm>
 #include <array>
 
-// In page_files.S.
-extern "C" const char orvelPageIndex[], orvelPageIndexEnd[];
-extern "C" const char orvelPageStyle[], orvelPageStyleEnd[];
-extern "C" const char orvelPageMain[], orvelPageMainEnd[];
-extern "C" const char orvelPageServer[], orvelPageServerEnd[];
-extern "C" const char orvelPageForm[], orvelPageFormEnd[];
-extern "C" const char orvelPageDesigns[], orvelPageDesignsEnd[];
-extern "C" const char orvelPageSymbols[], orvelPageSymbolsEnd[];
-extern "C" const char orvelPageTarget[], orvelPageTargetEnd[];
-extern "C" const char orvelPageIcon[], orvelPageIconEnd[];
+// The list and the bytes are made from the files of page/.
+#define ORVEL_PAGE_FILE(bytes, path, type) extern "C" const char bytes[], bytes##End[];
+#include "page_files.inc"
+#undef ORVEL_PAGE_FILE
 
 namespace orvel::designer {
 
 const PageFile* pageFile(std::string_view path) {
-    constexpr std::string_view script = "text/javascript; charset=utf-8";
+#define ORVEL_PAGE_FILE(bytes, path, type) PageFile{path, type, {bytes, bytes##End}},
     static const std::array files{
-        PageFile{"/", "text/html; charset=utf-8", {orvelPageIndex, orvelPageIndexEnd}},
-        PageFile{"/style.css", "text/css; charset=utf-8", {orvelPageStyle, orvelPageStyleEnd}},
-        PageFile{"/main.js", script, {orvelPageMain, orvelPageMainEnd}},
-        PageFile{"/server.js", script, {orvelPageServer, orvelPageServerEnd}},
-        PageFile{"/form.js", script, {orvelPageForm, orvelPageFormEnd}},
-        PageFile{"/designs.js", script, {orvelPageDesigns, orvelPageDesignsEnd}},
-        PageFile{"/symbols.js", script, {orvelPageSymbols, orvelPageSymbolsEnd}},
-        PageFile{"/target.js", script, {orvelPageTarget, orvelPageTargetEnd}},
-        PageFile{"/icon.svg", "image/svg+xml", {orvelPageIcon, orvelPageIconEnd}},
+#include "page_files.inc"
     };
+#undef ORVEL_PAGE_FILE
     const auto found = std::ranges::find(files, path, &PageFile::path);
     return found == files.end() ? nullptr : &*found;
 }
