@@ -8,7 +8,8 @@
 #include <set>
 #include <string>
 
-#include "designer/http_server.h"
+#include "designer/http/request.h"
+#include "designer/http/response.h"
 
 namespace orvel::designer {
 

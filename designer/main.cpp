@@ -12,6 +12,7 @@
 
 #include "authoring/designs.h"
 #include "authoring/references.h"
+#include "designer/http/server.h"
 #include "designer/service.h"
 #include "designer/sole_designer.h"
 #include "model/store_files.h"

@@ -1,4 +1,4 @@
-#include "designer/http_connection.h"
+#include "designer/http/connection.h"
 
 #include <sys/socket.h>
 
@@ -8,34 +8,6 @@ namespace orvel::designer {
 namespace {
 
 constexpr std::string_view headEnd = "\r\n\r\n";
-
-const char* phrase(int status) {
-    switch (status) {
-        case 200: return "OK";
-        case 400: return "Bad Request";
-        case 403: return "Forbidden";
-        case 404: return "Not Found";
-        case 405: return "Method Not Allowed";
-        case 409: return "Conflict";
-        case 413: return "Content Too Large";
-        case 415: return "Unsupported Media Type";
-        case 421: return "Misdirected Request";
-        case 422: return "Unprocessable Content";
-        case 431: return "Request Header Fields Too Large";
-        case 501: return "Not Implemented";
-        default: return "Internal Server Error";
-    }
-}
-
-// Nothing is kept by the browser, shown within other pages, or loaded from elsewhere.
-constexpr const char* everyAnswersHeaders =
-    "Cache-Control: no-store\r\n"
-    "Content-Security-Policy: default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' data:; "
-    "connect-src 'self'; base-uri 'none'; form-action 'none'; frame-ancestors 'none'\r\n"
-    "Cross-Origin-Opener-Policy: same-origin\r\n"
-    "Cross-Origin-Resource-Policy: same-origin\r\n"
-    "Referrer-Policy: no-referrer\r\n"
-    "X-Content-Type-Options: nosniff\r\n";
 
 }  // namespace
 
@@ -104,13 +76,7 @@ bool HttpConnection::answerNext() {
 void HttpConnection::respond(const HttpResponse& response, bool isLast) {
     isStream_ = response.isEventStream;
     isClosing_ = isLast && !isStream_;
-    output_ = "HTTP/1.1 " + std::to_string(response.status) + ' ' + phrase(response.status) + "\r\n";
-    output_ += everyAnswersHeaders;
-    output_ += "Content-Type: " + response.type + "\r\n";
-    for (const auto& [name, value] : response.headers) output_ += name + ": " + value + "\r\n";
-    if (!isStream_) output_ += "Content-Length: " + std::to_string(response.body.size()) + "\r\n";
-    if (isClosing_) output_ += "Connection: close\r\n";
-    output_ += "\r\n" + response.body;
+    output_ = serialized(response, isClosing_ ? Connection::close : Connection::keep);
     since_ = Clock::now();
 }
 

@@ -1,4 +1,4 @@
-#include "designer/http_server.h"
+#include "designer/http/server.h"
 
 #include <arpa/inet.h>
 #include <netinet/tcp.h>
@@ -10,20 +10,13 @@
 #include <cerrno>
 #include <cstring>
 #include <map>
+#include <vector>
 
-#include "designer/http_connection.h"
+#include "designer/http/connection.h"
 #include "platform/events/timer.h"
 #include "platform/foundation/descriptor.h"
-#include "platform/foundation/json_writer.h"
 
 namespace orvel::designer {
-
-HttpResponse refusal(int status, std::string_view reason, std::string_view field) {
-    json::Writer writer;
-    writer.beginObject().key("reason").string(reason);
-    if (!field.empty()) writer.key("field").string(field);
-    return {status, "application/json", writer.endObject().finish().value_or("{}")};
-}
 
 class HttpServer::State {
 public:

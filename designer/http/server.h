@@ -9,25 +9,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
-#include "designer/http_request.h"
+#include "designer/http/request.h"
+#include "designer/http/response.h"
 #include "platform/events/event_loop.h"
 #include "platform/foundation/outcome.h"
 
 namespace orvel::designer {
-
-struct HttpResponse {
-    int status = 200;
-    std::string type = "application/json";
-    std::string body = {};
-    std::vector<std::pair<std::string, std::string>> headers = {};
-    bool isEventStream = false;  ///< stays open for events; `body` are the first ones
-};
-
-/// {"reason":…,"field":…}, the field only when there is one.
-HttpResponse refusal(int status, std::string_view reason, std::string_view field = {});
 
 namespace http_limits {
 inline constexpr std::size_t headBytes = 16 << 10;

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "designer/http_server.h"
+#include "designer/http/server.h"
 #include "platform/foundation/descriptor.h"
 
 namespace orvel::designer {

@@ -1,4 +1,4 @@
-#include "designer/http_request.h"
+#include "designer/http/request.h"
 
 #include <algorithm>
 #include <charconv>
