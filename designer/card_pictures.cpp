@@ -1,6 +1,5 @@
 #include "designer/card_pictures.h"
 
-#include "platform/foundation/installation.h"
 #include "platform/host/card.h"
 #include "platform/host/renderer_module.h"
 #include "platform/ui/gettext_localizer.h"
@@ -8,19 +7,10 @@
 #include "widget/orvel_widget.h"
 
 namespace orvel::designer {
-namespace {
-
-// This program lies in libexec/orvel.
-std::filesystem::path catalogues() {
-    return installedPrograms().parent_path().parent_path() / "share" / "locale";
-}
-
-}  // namespace
-
 CardPictures::CardPictures(std::unique_ptr<Renderer> renderer, const Platform& platform)
     : platform_(platform),
       renderer_(std::move(renderer)),
-      localizer_(std::make_unique<GettextLocalizer>(catalogues())) {}
+      localizer_(std::make_unique<GettextLocalizer>(GettextLocalizer::installedDirectory())) {}
 
 Outcome<CardPictures> CardPictures::open(const Platform& platform) {
     auto renderer = loadRenderer();

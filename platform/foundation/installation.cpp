@@ -11,6 +11,11 @@ std::filesystem::path installedPrograms() {
 }
 
 std::filesystem::path installedData() {
+    // From bin to the prefix, from libexec/orvel likewise; programs that were just built have theirs beside them.
+    std::error_code code;
+    std::filesystem::path folder = installedPrograms();
+    for (int up = 0; up < 3; ++up, folder = folder.parent_path())
+        if (std::filesystem::exists(folder / "share/locale", code)) return folder / "share";
     return installedPrograms().parent_path() / "share";
 }
 
