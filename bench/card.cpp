@@ -7,6 +7,7 @@
 #include <numbers>
 #include <string>
 
+#include "authoring/sample_designs.h"
 #include "bench/ratios.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/host/card.h"
@@ -19,29 +20,6 @@
 namespace orvel::bench {
 namespace {
 
-std::optional<WidgetSpec> sampleDesign(WidgetSpec::Kind kind) {
-    WidgetSpec::Fields fields{.id = "sample", .title = "Active users", .kind = kind, .symbol = "person.2.fill"};
-    switch (kind) {
-        case WidgetSpec::Kind::metric:
-            fields.primary = "1,204";
-            fields.secondary = "12 more than last week";
-            break;
-        case WidgetSpec::Kind::progress: fields.progress = 0.38; break;
-        case WidgetSpec::Kind::list:
-            fields.items = {"Oat milk", "Tomatoes", "Crème fraîche", "Sourdough bread", "Dark chocolate"};
-            break;
-        case WidgetSpec::Kind::note:
-            fields.primary = "Less, but better";
-            fields.secondary = "every day";
-            break;
-        case WidgetSpec::Kind::countdown:
-            fields.secondary = "code freeze a week before";
-            fields.targetISO8601 = "2026-01-13T18:00:00Z";
-            break;
-    }
-    return WidgetSpec(std::move(fields));
-}
-
 struct Case {
     std::string name;
     std::optional<WidgetSpec> spec;  // absent: the empty state
@@ -50,8 +28,8 @@ struct Case {
 };
 
 std::optional<WidgetSpec> listOf(std::size_t items) {
-    auto spec = sampleDesign(WidgetSpec::Kind::list);
-    spec->items = std::vector<std::string>(items, "Sourdough bread");  // the record itself keeps to no limit
+    WidgetSpec spec(sampleDesign(WidgetKind::list));
+    spec.items = std::vector<std::string>(items, "Sourdough bread");  // the record itself keeps to no limit
     return spec;
 }
 
@@ -60,12 +38,12 @@ std::vector<Case> allCases() {
     for (const auto family : allWidgetFamilies) {
         const std::string size = family == WidgetFamily::systemSmall ? "/small" : "/medium";
         for (const auto kind : WidgetSpec::allCases)
-            cases.push_back({std::string(rawValue(kind)) + size, sampleDesign(kind), family});
+            cases.push_back({std::string(rawValue(kind)) + size, WidgetSpec(sampleDesign(kind)), family});
         cases.push_back({"empty" + size, std::nullopt, family});
     }
     // How the cost grows.
     for (const int scale : {1, 2, 4, 8})
-        cases.push_back({"scale/" + std::to_string(scale), sampleDesign(WidgetSpec::Kind::metric),
+        cases.push_back({"scale/" + std::to_string(scale), WidgetSpec(sampleDesign(WidgetKind::metric)),
                          WidgetFamily::systemMedium, static_cast<double>(scale)});
     for (const std::size_t items : {1, 2, 5, 100, 10'000, 1'000'000})
         cases.push_back({"items/" + std::to_string(items), listOf(items), WidgetFamily::systemSmall});

@@ -9,6 +9,7 @@
 #include "model/widget_spec.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/json_writer.h"
+#include "views/kind_face.h"
 
 namespace orvel::bench {
 namespace {
@@ -62,11 +63,10 @@ private:
     }
 
     void addOptionalMembers(WidgetSpec::Kind kind) {
-        using enum WidgetKind;
-        if (kind == metric || kind == note) writer_.key("primary").string(one(headlines));
-        if (kind == progress) writer_.key("progress").number(static_cast<double>(below(1001)) / 1000);
-        if (kind == countdown) writer_.key("targetISO8601").string(iso8601::format(instant()));
-        if (kind == list) addItems();
+        if (shows(kind, WidgetField::primary)) writer_.key("primary").string(one(headlines));
+        if (shows(kind, WidgetField::progress)) writer_.key("progress").number(static_cast<double>(below(1001)) / 1000);
+        if (shows(kind, WidgetField::targetISO8601)) writer_.key("targetISO8601").string(iso8601::format(instant()));
+        if (shows(kind, WidgetField::items)) addItems();
         switch (below(6)) {
             case 0: writer_.key("secondary").string(one(lines)); break;
             case 1: writer_.key("secondary").null(); break;

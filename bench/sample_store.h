@@ -1,4 +1,4 @@
-// Made-up stores to measure with: all five kinds, texts in several scripts, optional members present, absent and null,
+// Made-up stores to measure with: all kinds, texts in several scripts, optional members present, absent and null,
 // escaped slashes, and now and then a member that no design has. The same number of designs is always the same text.
 #pragma once
 

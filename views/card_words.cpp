@@ -9,8 +9,7 @@
 namespace orvel {
 namespace {
 
-std::string headline(const WidgetSpec& spec, const Platform& platform) {
-    if (!shows(spec.kind, WidgetField::targetISO8601)) return spec.primary.value_or("—");
+std::string remainingTime(const WidgetSpec& spec, const Platform& platform) {
     const auto [value, unit] = CountdownMath::remaining(spec.targetISO8601, platform);
     return unit.empty() ? value : value + " " + unit;
 }
@@ -34,12 +33,13 @@ std::vector<std::string> rows(const WidgetSpec& spec) {
 
 CardWords cardWords(const WidgetSpec& spec, const Platform& platform) {
     CardWords words{.title = spec.title};
-    switch (face(spec.kind).layout) {
-        case CardLayout::value: words.headline = headline(spec, platform); break;
-        case CardLayout::ring: words.percent = percent(spec.progress.value_or(0)); break;
-        case CardLayout::rows: words.rows = rows(spec); break;
-    }
-    if (shows(spec.kind, WidgetField::secondary)) words.secondary = spec.secondary;
+    using enum WidgetField;
+    const auto isShown = [&](WidgetField field) { return shows(spec.kind, field); };
+    if (isShown(primary)) words.headline = spec.primary.value_or("—");
+    if (isShown(targetISO8601)) words.headline = remainingTime(spec, platform);
+    if (isShown(progress)) words.percent = percent(spec.progress.value_or(0));
+    if (isShown(items)) words.rows = rows(spec);
+    if (isShown(secondary)) words.secondary = spec.secondary;
     return words;
 }
 

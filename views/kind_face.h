@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "model/widget_fields.h"
@@ -19,9 +20,29 @@ struct KindFace {
     std::span<const WidgetField> shows;  ///< lasts as long as the process
 };
 
-KindFace face(WidgetKind kind);
+namespace kind_faces {
 
-inline bool shows(WidgetKind kind, WidgetField field) {
+using enum WidgetField;
+
+inline constexpr std::array value{accentHex, symbol, primary, title, secondary};
+inline constexpr std::array remainingTime{accentHex, symbol, targetISO8601, title, secondary};
+inline constexpr std::array ring{accentHex, symbol, progress, title};
+inline constexpr std::array rows{accentHex, title, items};
+
+}  // namespace kind_faces
+
+constexpr KindFace face(WidgetKind kind) {
+    switch (kind) {
+        case WidgetKind::metric: return {CardLayout::value, kind_faces::value};
+        case WidgetKind::progress: return {CardLayout::ring, kind_faces::ring};
+        case WidgetKind::list: return {CardLayout::rows, kind_faces::rows};
+        case WidgetKind::note: return {CardLayout::value, kind_faces::value};
+        case WidgetKind::countdown: return {CardLayout::value, kind_faces::remainingTime};
+    }
+    return {CardLayout::value, kind_faces::value};
+}
+
+constexpr bool shows(WidgetKind kind, WidgetField field) {
     const auto fields = face(kind).shows;
     return std::find(fields.begin(), fields.end(), field) != fields.end();
 }

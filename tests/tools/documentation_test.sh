@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The manual page and the completions against the program's own --help: nothing is missing, nothing is made up. Every
-# shell that is there completes for real.
+# shell that is there completes for real. And the picture in the README shows every kind of card.
 # Usage: documentation_test.sh BUILD_FOLDER
 set -euo pipefail
 
@@ -37,6 +37,12 @@ chmod +x "$work/bin/orvel"
 PATH=$work/bin:$PATH
 cd "$work"
 touch card.json
+
+# --- The gallery's picture in the README: as large as the gallery is now, so with as many kinds (the size stands in a
+# PNG's first 24 bytes)
+"$build/orvel" gallery -o gallery.png
+cmp -n 24 gallery.png "$here/../../docs/gallery.png" ||
+    fail "docs/gallery.png isn't the gallery; make it with: orvel gallery -o docs/gallery.png"
 
 # --- The manual page
 grep -qP '[^\x00-\x7F]' "$documents/orvel.1" && fail "the page isn't plain ASCII"

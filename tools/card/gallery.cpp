@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "authoring/sample_designs.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/host/card.h"
 #include "widget/orvel_widget.h"
@@ -15,49 +16,11 @@ constexpr double gap = 24;  // points between cards and around them
 // The gallery's own moment, so that it looks the same on every day.
 constexpr std::string_view galleryInstant = "2026-01-01T09:00:00Z";
 
-WidgetSpec::Fields sampleFields(WidgetSpec::Kind kind) {
-    using enum WidgetKind;
-    switch (kind) {
-        case metric:
-            return {.title = "Active users",
-                    .kind = kind,
-                    .accentHex = "#0A84FF",
-                    .symbol = "person.2.fill",
-                    .primary = "42",
-                    .secondary = "12 more than last week"};
-        case progress:
-            return {
-                .title = "Reading goal", .kind = kind, .accentHex = "#30D158", .symbol = "book.fill", .progress = 0.38};
-        case list:
-            return {.title = "Groceries",
-                    .kind = kind,
-                    .accentHex = "#FF9F0A",
-                    .symbol = "cart",
-                    .items = std::vector<std::string>{"Oat milk", "Tomatoes", "Crème fraîche", "Sourdough bread",
-                                                      "Dark chocolate"}};
-        case note:
-            return {.title = "Note to self",
-                    .kind = kind,
-                    .accentHex = "#FFD60A",
-                    .symbol = "quote.bubble",
-                    .primary = "Less, but better",
-                    .secondary = "every day"};
-        case countdown:
-            return {.title = "To the release",
-                    .kind = kind,
-                    .accentHex = "#FF375F",
-                    .symbol = "flag.fill",
-                    .secondary = "code freeze a week before",
-                    .targetISO8601 = "2026-01-13T18:00:00Z"};
-    }
-    return {.title = "", .kind = kind};
-}
-
 // One of each kind, and the empty state.
 std::vector<std::optional<WidgetSpec>> samples(const Platform& platform) {
     std::vector<std::optional<WidgetSpec>> samples;
     for (const auto kind : WidgetSpec::allCases) {
-        WidgetSpec::Fields fields = sampleFields(kind);
+        WidgetSpec::Fields fields = sampleDesign(kind);
         fields.id = "sample";
         samples.emplace_back(WidgetSpec(std::move(fields), platform));
     }

@@ -11,6 +11,7 @@
 #include "tools/store/operations.h"
 #include "tools/store/pending.h"
 #include "tools/store/restore.h"
+#include "views/kind_face.h"
 
 namespace orvel::tools {
 namespace {
@@ -33,6 +34,15 @@ void addWaitOption(CLI::App& command, Session& session) {
         ->type_name("SECONDS");
 }
 
+// " (metric or note)": the kinds that show the field, unless all do or none does.
+std::string kindsThatShow(WidgetField field) {
+    std::vector<std::string_view> kinds;
+    for (const WidgetKind kind : allWidgetKinds)
+        if (shows(kind, field)) kinds.push_back(rawValue(kind));
+    const bool isForSome = !kinds.empty() && kinds.size() < allWidgetKinds.size();
+    return isForSome ? " (" + alternatives(kinds) + ")" : "";
+}
+
 // One for each field that a person may give so.
 std::vector<CLI::Option*> addFieldOptions(CLI::App& command, const std::shared_ptr<Addition>& addition) {
     std::vector<CLI::Option*> options;
@@ -41,7 +51,8 @@ std::vector<CLI::Option*> addFieldOptions(CLI::App& command, const std::shared_p
         const auto keep = [addition, &row](const std::vector<std::string>& values) {
             for (const std::string& value : values) addition->fields.push_back({std::string(row.name), value});
         };
-        const std::string help = std::string(row.help) + (isRequired(row.field) ? " (required, but for --json)" : "");
+        const std::string help = std::string(row.help) + kindsThatShow(row.field) +
+                                 (isRequired(row.field) ? " (required, except with --json)" : "");
         CLI::Option* const option =
             command.add_option_function<std::vector<std::string>>("--" + std::string(row.name), keep, help);
         option->expected(1)->type_name(std::string(row.placeholder));
