@@ -1,6 +1,7 @@
 #include "platform/events/path_watch.h"
 
 #include <sys/inotify.h>
+#include <unistd.h>
 
 #include <array>
 #include <chrono>

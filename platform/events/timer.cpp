@@ -1,6 +1,7 @@
 #include "platform/events/timer.h"
 
 #include <sys/timerfd.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>

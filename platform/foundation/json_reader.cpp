@@ -86,7 +86,9 @@ struct Pass {
         const char* at = nullptr;
         if (source.current_location().get(at) == SUCCESS) reached = offset(at);
 
-        Value value(&source, *this, kindOf(type), reached);
+        const auto kind = kindOf(type);
+        if (!kind) return fail(simdjson::TAPE_ERROR);
+        Value value(&source, *this, *kind, reached);
         if (!visitor(value)) return false;
         return error == SUCCESS && (value.taken_ || skip(value));
     }
@@ -124,7 +126,8 @@ struct Pass {
         return isNull || fail(simdjson::N_ATOM_ERROR);
     }
 
-    static Kind kindOf(ondemand::json_type type) {
+    // Newer simdjson has another type, for what begins no value; older ones fail when asked.
+    static std::optional<Kind> kindOf(ondemand::json_type type) {
         switch (type) {
             case ondemand::json_type::array: return Kind::array;
             case ondemand::json_type::object: return Kind::object;
@@ -132,8 +135,8 @@ struct Pass {
             case ondemand::json_type::string: return Kind::string;
             case ondemand::json_type::boolean: return Kind::boolean;
             case ondemand::json_type::null: return Kind::null;
+            default: return std::nullopt;
         }
-        return Kind::null;
     }
 };
 

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstdint>
 
 #include "platform/symbols/path_data.h"
 #include "platform/symbols/symbol_name.h"

@@ -35,7 +35,13 @@ struct WaylandSurface::Events {
         self(data).drawIfReady();
     }
 
-    static constexpr wl_surface_listener surfaceListener{.enter = entered, .leave = left};
+    // Newer protocol headers have members for later versions of the interface.
+    static constexpr wl_surface_listener surfaceListener = [] {
+        wl_surface_listener each{};
+        each.enter = entered;
+        each.leave = left;
+        return each;
+    }();
     static constexpr wp_fractional_scale_v1_listener scaleListener{.preferred_scale = preferredScale};
     static constexpr wl_callback_listener frameListener{.done = frameShown};
 };

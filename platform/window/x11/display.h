@@ -3,6 +3,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <map>
