@@ -1,5 +1,6 @@
 // The page: one design that is edited, the others beside it, and the server that keeps all of them.
 import { get, post, withScale } from './server.js';
+import { serverEvents } from './events.js';
 import { refreshCountdowns, setUpDesigns, showDesigns } from './designs.js';
 import { setUpForm, showDraft } from './form.js';
 
@@ -178,7 +179,7 @@ function setUpButtons() {
 }
 
 function followServer() {
-  const events = new EventSource('/api/events');
+  const events = serverEvents();
   events.addEventListener('changed', (event) => {
     newest = Number(event.data);
     if (!sending && newest > state.stamp) refresh().catch(fail);
