@@ -36,7 +36,8 @@ HttpResponse picture(const Outcome<std::string>& bytes, std::string_view type) {
 
 Service::Service(CardPictures pictures, Hooks hooks, const Platform& platform)
     : pictures_(std::move(pictures)), hooks_(std::move(hooks)), workbench_(platform) {
-    told_ = stateMembers(workbench_, pictures_, symbols_);
+    toldStore_ = storeMembers(workbench_, pictures_);
+    toldDraft_ = draftMembers(workbench_, pictures_, symbols_);
 }
 
 HttpResponse Service::answer(const HttpRequest& request) {
@@ -48,7 +49,7 @@ HttpResponse Service::answer(const HttpRequest& request) {
 
 void Service::look() {
     workbench_.look();
-    notice();
+    noticeAll();
 }
 
 void Service::keep() {
@@ -62,7 +63,7 @@ void Service::keep() {
 
 HttpResponse Service::get(const HttpRequest& request) {
     if (request.path == "/api/state") {
-        notice();  // a countdown says something else each minute
+        noticeAll();  // a countdown says something else each minute
         return state(request);
     }
     if (request.path == "/api/events")
@@ -102,7 +103,7 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
         done = workbench_.undo();
     else
         return refusal(404, "there is nothing at this address");
-    notice();
+    noticeAll();
     hooks_.keepSoon();
     if (!done)
         return refusal(done.failure().field == unsavedField || done.failure().field == conflictField ? 409 : 422,
@@ -114,14 +115,14 @@ HttpResponse Service::type(const HttpRequest& request, const Body& body) {
     if (body.revision != workbench_.revision())
         return refusal(409, "another window has changed this design", "revision");
     const auto refusals = workbench_.type(body.fields);
-    notice();
+    notice(toldStore_);
     hooks_.keepSoon();
     return state(request, refusals);
 }
 
 // The page's members of the draft's pictures are there when it says its scale.
 HttpResponse Service::state(const HttpRequest& request, const std::vector<FieldRefusal>& refusals) {
-    std::string json = "{\"stamp\":" + stampText() + ',' + told_;
+    std::string json = "{\"stamp\":" + stampText() + ',' + toldStore_ + ',' + toldDraft_;
     if (!request.parameter("scale").empty()) {
         for (const auto& [word, family] : families) {
             const auto png = pictures_.draw(workbench_.draft(), family, PictureFormat::png, scaleOf(request));
@@ -166,10 +167,15 @@ HttpResponse Service::found(const HttpRequest& request) const {
     return {200, "application/json", symbolsJson(symbols_, request.parameter("words"))};
 }
 
-void Service::notice() {
-    std::string now = stateMembers(workbench_, pictures_, symbols_);
-    if (now == told_) return;
-    told_ = std::move(now);
+void Service::noticeAll() {
+    notice(storeMembers(workbench_, pictures_));
+}
+
+void Service::notice(std::string store) {
+    std::string draft = draftMembers(workbench_, pictures_, symbols_);
+    if (store == toldStore_ && draft == toldDraft_) return;
+    toldStore_ = std::move(store);
+    toldDraft_ = std::move(draft);
     ++stamp_;
     hooks_.tell("changed", stampText());
 }

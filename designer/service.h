@@ -44,14 +44,18 @@ private:
     HttpResponse card(const HttpRequest& request) const;
     HttpResponse found(const HttpRequest& request) const;
     HttpResponse type(const HttpRequest& request, const Body& body);
-    void notice();
+    void noticeAll();
+    /// Pages are told when these members, or the draft's, aren't what they know.
+    void notice(std::string store);
     std::string stampText() const { return std::to_string(stamp_); }
 
     CardPictures pictures_;
     Hooks hooks_;
     Workbench workbench_;
     Symbols symbols_;
-    std::string told_;  ///< the state as pages know it, or are being told
+    // The state as pages know it, or are being told.
+    std::string toldStore_;
+    std::string toldDraft_;
     std::uint64_t stamp_ = 1;
     std::string keepingFailed_;
 };

@@ -28,6 +28,11 @@ void writeDesigns(json::Writer& writer, const Workbench& workbench, const CardPi
     writer.endArray();
 }
 
+std::string members(json::Writer& writer) {
+    const std::string object = writer.endObject().finish().value_or("{}");
+    return object.substr(1, object.size() - 2);
+}
+
 const char* word(Conflict conflict) {
     switch (conflict) {
         case Conflict::none: return "";
@@ -76,15 +81,20 @@ std::string version(const WidgetSpec& spec) {
     return {digits, end};
 }
 
-std::string stateMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols) {
+std::string storeMembers(const Workbench& workbench, const CardPictures& pictures) {
     json::Writer writer;
     writer.beginObject();
     writeDesigns(writer, workbench, pictures);
     writer.key("trouble").string(workbench.trouble());
     writer.key("undo").string(workbench.undoable().value_or(""));
+    return members(writer);
+}
+
+std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols) {
+    json::Writer writer;
+    writer.beginObject();
     writeDraft(writer, workbench, pictures, symbols);
-    const std::string object = writer.endObject().finish().value_or("{}");
-    return object.substr(1, object.size() - 2);
+    return members(writer);
 }
 
 }  // namespace orvel::designer

@@ -12,7 +12,9 @@ namespace orvel::designer {
 /// Names a design's content: two that differ in anything have different ones, as far as 64 bits go.
 std::string version(const WidgetSpec& spec);
 
-/// The members of an object, without its braces.
-std::string stateMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols);
+// Members of an object, without its braces. The stored designs are by far the longer part, and stay as they are while
+// somebody types.
+std::string storeMembers(const Workbench& workbench, const CardPictures& pictures);
+std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols);
 
 }  // namespace orvel::designer

@@ -8,6 +8,7 @@
 #include <regex>
 
 #include "platform/foundation/iso8601.h"
+#include "platform/png/png_file.h"
 #include "platform/render/font_report.h"
 #include "platform/render/handles.h"
 #include "platform/render/painter.h"
@@ -88,9 +89,11 @@ public:
         paintCards(cr.get(), picture, painter_, Target::pixels);
         if (const auto status = cairo_status(cr.get())) return finished(status, {});
 
-        std::string bytes;
-        const auto status = cairo_surface_write_to_png_stream(surface.get(), append, &bytes);
-        return finished(status, std::move(bytes));
+        cairo_surface_flush(surface.get());
+        auto bytes = pngFile({cairo_image_surface_get_data(surface.get()), widthPx, heightPx,
+                              cairo_image_surface_get_stride(surface.get())});
+        if (!bytes) return PictureFailure{bytes.failure().reason};
+        return *std::move(bytes);
     }
 
     Result<std::string, PictureFailure> svg(const Picture& picture, SvgText text) override {
