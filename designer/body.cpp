@@ -44,6 +44,7 @@ std::optional<Body> readBody(std::string text) {
             return isRead;
         }
         if (name == "id") return assignIf(value.string(), body.id);
+        if (name == "text") return assignIf(value.string(), body.text);
         if (name == "discards") return assignIf(value.boolean(), body.discards);
         if (name == "inFront") return assignIf(value.boolean(), body.inFront);
         if (name != "fields") return true;

@@ -15,6 +15,7 @@ struct Body {
     std::uint64_t revision = 0;           ///< of the draft that the fields were typed into
     std::vector<TypedField> fields = {};  ///< {"title":"Users","items":["Milk"],"primary":null}
     std::string id = {};
+    std::string text = {};  ///< JSON as a text: a place, a design
     std::size_t to = 0;
     bool discards = false;
     bool inFront = false;

@@ -15,6 +15,7 @@
 #include "designer/http/server.h"
 #include "designer/service.h"
 #include "designer/sole_designer.h"
+#include "desktop/places.h"
 #include "model/store_files.h"
 #include "platform/events/path_watch.h"
 #include "platform/events/timer.h"
@@ -122,6 +123,7 @@ Outcome<Done> serve(const SoleDesigner& sole, const Choices& choices, const std:
     server = *std::move(listening);
     service.port = server->port();
     const PathWatch watch(loop, {StoreFiles::folder(platform)}, [&] { service.look(); });
+    const PathWatch watchPlaces(loop, {placesFile(platform)}, [&] { server->send("desktop", "changed"); });
 
     sole.publish(service.access.address(service.port));
     if (choices.opensBrowser) {

@@ -5,8 +5,11 @@
 
 #include "designer/base64.h"
 #include "designer/page_files.h"
+#include "designer/placing/desktop_json.h"
+#include "designer/placing/place_changes.h"
 #include "designer/state_json.h"
 #include "designer/symbol_json.h"
+#include "desktop/places.h"
 #include "platform/foundation/json_writer.h"
 
 namespace orvel::designer {
@@ -35,7 +38,7 @@ HttpResponse picture(const Outcome<std::string>& bytes, std::string_view type) {
 }  // namespace
 
 Service::Service(CardPictures pictures, Hooks hooks, const Platform& platform)
-    : pictures_(std::move(pictures)), hooks_(std::move(hooks)), workbench_(platform) {
+    : platform_(platform), pictures_(std::move(pictures)), hooks_(std::move(hooks)), workbench_(platform) {
     toldStore_ = storeMembers(workbench_, pictures_);
     toldDraft_ = draftMembers(workbench_, pictures_, symbols_);
 }
@@ -71,6 +74,7 @@ HttpResponse Service::get(const HttpRequest& request) {
     if (request.path == "/api/stored") return stored(request);
     if (request.path == "/api/card") return card(request);
     if (request.path == "/api/symbols") return found(request);
+    if (request.path == "/api/desktop") return desktop();
     const PageFile* const file = pageFile(request.path);
     if (!file) return refusal(404, "there is nothing at this address");
     HttpResponse response{200, std::string(file->type), std::string(file->bytes)};
@@ -82,6 +86,7 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
     const Unsaved unsaved = body.discards ? Unsaved::discard : Unsaved::refuse;
     Outcome<Done> done = Done{};
     if (request.path == "/api/type") return type(request, body);
+    if (request.path.starts_with("/api/desktop/")) return changeDesktop(request, body);
     if (request.path == "/api/visit") return {200, "text/plain", access.addressForOneVisit(port)};
     if (request.path == "/api/new")
         done = workbench_.startNew(unsaved);
@@ -109,6 +114,27 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
         return refusal(done.failure().field == unsavedField || done.failure().field == conflictField ? 409 : 422,
                        done.failure().reason, done.failure().field);
     return state(request);
+}
+
+HttpResponse Service::desktop() const {
+    const auto places = readPlaces(platform_);
+    if (!places) return refusal(422, places.failure().reason, "places");
+    return {200, "application/json", desktopJson(monitorsHere(), *places, workbench_.designs())};
+}
+
+HttpResponse Service::changeDesktop(const HttpRequest& request, const Body& body) const {
+    Outcome<Done> done = Done{};
+    if (request.path == "/api/desktop/put")
+        done = putPlace(body.text, platform_);
+    else if (request.path == "/api/desktop/move")
+        done = movePlace(body.id, body.to, platform_);
+    else if (request.path == "/api/desktop/remove")
+        done = removePlace(body.id, platform_);
+    else
+        return refusal(404, "there is nothing at this address");
+    if (!done) return refusal(422, done.failure().reason, done.failure().field);
+    hooks_.tell("desktop", "changed");
+    return desktop();
 }
 
 HttpResponse Service::type(const HttpRequest& request, const Body& body) {

@@ -43,12 +43,15 @@ private:
     HttpResponse stored(const HttpRequest& request) const;
     HttpResponse card(const HttpRequest& request) const;
     HttpResponse found(const HttpRequest& request) const;
+    HttpResponse desktop() const;
+    HttpResponse changeDesktop(const HttpRequest& request, const Body& body) const;
     HttpResponse type(const HttpRequest& request, const Body& body);
     void noticeAll();
     /// Pages are told when these members, or the draft's, aren't what they know.
     void notice(std::string store);
     std::string stampText() const { return std::to_string(stamp_); }
 
+    const Platform& platform_;
     CardPictures pictures_;
     Hooks hooks_;
     Workbench workbench_;

@@ -1,5 +1,6 @@
 // The stored designs as drawn cards: to pick one for editing, and to put them in order.
 import { withScale } from './server.js';
+import { t } from './words.js';
 
 const list = document.getElementById('designs');
 let shown = [];
@@ -8,13 +9,17 @@ let pick = () => {};
 let move = () => {};
 let dragged = '';
 let minute = 0;
+let onDesktop = () => [];
 
-function source(design) {
+export const titleOf = (design) => design.title || t('untitled');
+
+// A stored design's picture, as an address.
+export function pictureOf(design, family) {
   const time = design.kind === 'countdown' ? `&at=${minute}` : '';
-  return withScale(`/api/stored?version=${design.version}&family=small${time}`);
+  return withScale(`/api/stored?version=${design.version}&family=${family}${time}`);
 }
 
-function item(design, index) {
+function item(design) {
   const element = document.createElement('li');
   const button = document.createElement('button');
   button.type = 'button';
@@ -26,13 +31,13 @@ function item(design, index) {
   picture.height = 170;
   picture.loading = 'lazy';
   picture.draggable = false;
-  picture.src = source(design);
+  picture.src = pictureOf(design, 'small');
   const words = document.createElement('span');
-  words.textContent = design.title || 'Without a title';
+  words.textContent = titleOf(design);
   button.append(picture, words);
-  if (index === 0) {
+  if (onDesktop(shown).includes(design.id)) {
     const mark = document.createElement('small');
-    mark.textContent = 'On the desktop';
+    mark.textContent = t('onDesktop');
     button.append(mark);
   }
   button.setAttribute('aria-keyshortcuts', 'Alt+ArrowUp Alt+ArrowDown Alt+Home');
@@ -42,9 +47,11 @@ function item(design, index) {
   return element;
 }
 
+let drawn = '';
 export function showDesigns(designs, editedId) {
-  const now = JSON.stringify([designs, editedId]);
-  if (now === JSON.stringify([shown, edited]) && list.children.length === designs.length) return;
+  const now = JSON.stringify([designs, editedId, onDesktop(designs)]);
+  if (now === drawn) return;
+  drawn = now;
   const focused = document.activeElement?.closest?.('#designs button')?.dataset.id;
   shown = designs;
   edited = editedId;
@@ -56,7 +63,7 @@ export function showDesigns(designs, editedId) {
 export function refreshCountdowns() {
   ++minute;
   [...list.querySelectorAll('img')].forEach((picture, index) => {
-    if (shown[index].kind === 'countdown') picture.src = source(shown[index]);
+    if (shown[index].kind === 'countdown') picture.src = pictureOf(shown[index], 'small');
   });
 }
 
@@ -73,9 +80,11 @@ function onKey(event) {
   if (to >= 0 && to < shown.length && to !== at) move(id, to);
 }
 
-export function setUpDesigns(picked, moved) {
+// `placed(designs)` are the ids of those on the desktop.
+export function setUpDesigns(picked, moved, placed) {
   pick = picked;
   move = moved;
+  onDesktop = placed;
   list.addEventListener('click', (event) => idAt(event) !== undefined && pick(idAt(event)));
   list.addEventListener('keydown', onKey);
   list.addEventListener('dragstart', (event) => {

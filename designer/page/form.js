@@ -1,6 +1,8 @@
 // The fields of the design that is edited: what was typed goes out, what is stored comes in.
 import { setUpSymbols } from './symbols.js';
 import { setUpTarget, showTarget } from './target.js';
+import { button } from './talk.js';
+import { listed, number, t } from './words.js';
 
 const mostRows = 5;
 const by = (id) => document.getElementById(id);
@@ -8,10 +10,11 @@ const texts = {
   title: by('title'), primary: by('primary'), secondary: by('secondary'), progress: by('progress'),
   targetISO8601: by('target'), symbol: by('symbol'), accentHex: by('accent'),
 };
-const names = { primary: 'Main text', secondary: 'Second line', items: 'Items', progress: 'Progress', targetISO8601: 'Target' };
+const names = { primary: 'mainText', secondary: 'secondLine', items: 'items', progress: 'progress', targetISO8601: 'target' };
+const easyToSee = 3;  // WCAG 2.2, success criterion 1.4.11
 const swatches = [
-  ['Blue', '#0A84FF'], ['Green', '#30D158'], ['Orange', '#FF9F0A'], ['Red', '#FF453A'], ['Pink', '#FF375F'],
-  ['Purple', '#BF5AF2'], ['Indigo', '#7D7AFF'], ['Teal', '#40C8E0'], ['Yellow', '#FFD60A'], ['White', '#FFFFFF'],
+  ['blue', '#0A84FF'], ['green', '#30D158'], ['orange', '#FF9F0A'], ['red', '#FF453A'], ['pink', '#FF375F'],
+  ['purple', '#BF5AF2'], ['indigo', '#7D7AFF'], ['teal', '#40C8E0'], ['yellow', '#FFD60A'], ['white', '#FFFFFF'],
 ];
 const blocks = [...document.querySelectorAll('[data-field]')];
 const notes = new Map();
@@ -43,15 +46,13 @@ function send(field, value) {
 
 function makeSwatches() {
   for (const [name, colour] of swatches) {
-    const button = document.createElement('button');
-    button.type = 'button';
-    button.className = 'swatch';
-    button.ariaLabel = name;
-    button.title = name;
-    button.dataset.colour = colour;
-    button.style.setProperty('--colour', colour);
-    button.addEventListener('click', () => set('accentHex', colour));
-    by('swatches').append(button);
+    const swatch = button('', () => set('accentHex', colour));
+    swatch.className = 'swatch';
+    swatch.ariaLabel = t(name);
+    swatch.title = t(name);
+    swatch.dataset.colour = colour;
+    swatch.style.setProperty('--colour', colour);
+    by('swatches').append(swatch);
   }
 }
 
@@ -67,14 +68,11 @@ function sendRows() {
 }
 
 function rowButton(name, sign, isOff, act) {
-  const button = document.createElement('button');
-  button.type = 'button';
-  button.ariaLabel = name;
-  button.title = name;
-  button.textContent = sign;
-  button.disabled = isOff;
-  button.addEventListener('click', act);
-  return button;
+  const element = button(sign, act);
+  element.ariaLabel = name;
+  element.title = name;
+  element.disabled = isOff;
+  return element;
 }
 
 function exchange(index, other) {
@@ -89,7 +87,8 @@ function showRows(focusedRow = -1) {
     const input = document.createElement('input');
     input.type = 'text';
     input.value = row;
-    input.ariaLabel = `Item ${index + 1}`;
+    const at = { number: index + 1 };
+    input.ariaLabel = t('item', at);
     input.addEventListener('input', () => {
       rows[index] = input.value;
       sendRows();
@@ -102,9 +101,9 @@ function showRows(focusedRow = -1) {
     });
     element.append(
       input,
-      rowButton(`Move row ${index + 1} up`, '↑', index === 0, () => exchange(index, index - 1)),
-      rowButton(`Move row ${index + 1} down`, '↓', index === rows.length - 1, () => exchange(index, index + 1)),
-      rowButton(`Delete row ${index + 1}`, '×', false, () => {
+      rowButton(t('moveUp', at), '↑', index === 0, () => exchange(index, index - 1)),
+      rowButton(t('moveDown', at), '↓', index === rows.length - 1, () => exchange(index, index + 1)),
+      rowButton(t('deleteRow', at), '×', false, () => {
         rows.splice(index, 1);
         showRows(Math.min(index, rows.length - 1));
         if (rows.length === 0) by('add-row').focus();
@@ -141,16 +140,16 @@ function showFields(record) {
 
 function showAccent({ colour, contrast }) {
   if (document.activeElement !== by('accent-well')) by('accent-well').value = colour.toLowerCase();
-  for (const button of by('swatches').children)
-    button.setAttribute('aria-pressed', String(button.dataset.colour.toLowerCase() === colour.toLowerCase()));
-  const verdict = contrast >= 3 ? 'easy to see' : 'hard to see; 3 or more is easy';
-  by('contrast').textContent = `Contrast with the card ${contrast.toFixed(1)} : 1, ${verdict}`;
+  for (const swatch of by('swatches').children)
+    swatch.setAttribute('aria-pressed', String(swatch.dataset.colour.toLowerCase() === colour.toLowerCase()));
+  const ratio = number(contrast, { minimumFractionDigits: 1, maximumFractionDigits: 1 });
+  by('contrast').textContent = t(contrast >= easyToSee ? 'contrastGood' : 'contrastBad', { ratio, wanted: easyToSee });
 }
 
 function showKept({ record, shows }) {
   const kept = Object.keys(names).filter((field) => record[field] !== undefined && !shows.includes(field));
   by('kept').hidden = kept.length === 0;
-  by('kept').textContent = `Kept for the kinds that show it: ${kept.map((field) => names[field]).join(', ')}`;
+  by('kept').textContent = t('alsoKept', { fields: listed(kept.map((field) => t(names[field]))) });
 }
 
 function showNotes(warnings) {

@@ -3,6 +3,9 @@ import { get, post, withScale } from './server.js';
 import { serverEvents } from './events.js';
 import { refreshCountdowns, setUpDesigns, showDesigns } from './designs.js';
 import { setUpForm, showDraft } from './form.js';
+import { idsOnDesktop, refreshDesktop, setUpPlace } from './place.js';
+import { ask, hush, notice, say } from './talk.js';
+import { fillIn, t } from './words.js';
 
 const by = (id) => document.getElementById(id);
 let state;
@@ -10,46 +13,16 @@ let waiting = new Map();  // typed, and not sent yet
 let sending = null;       // the promise of what is under way
 let newest = 0;           // the newest state that the server told of
 
-function say(text) {
-  by('status').textContent = text;
-}
-
-function notice(text, answers = []) {
-  const element = document.createElement('p');
-  element.append(text);
-  for (const [name, act] of answers) {
-    const button = document.createElement('button');
-    button.type = 'button';
-    button.textContent = name;
-    button.addEventListener('click', act);
-    element.append(' ', button);
-  }
-  by('notices').replaceChildren(element);
-}
-
-// The person's answer to a question: one of the given ones, the last of them when the question is closed.
-function ask(question, answers) {
-  return new Promise((resolve) => {
-    by('ask-question').textContent = question;
-    by('ask-answers').replaceChildren(...answers.map((name) => {
-      const button = document.createElement('button');
-      button.value = name;
-      button.textContent = name;
-      return button;
-    }));
-    by('ask').returnValue = answers.at(-1);
-    by('ask').addEventListener('close', () => resolve(by('ask').returnValue), { once: true });
-    by('ask').showModal();
-  });
-}
-
 function showConflict({ conflict }) {
-  if (conflict === '') return by('notices').replaceChildren();
-  const what = conflict === 'changed' ? 'Another program has changed this design' : 'Another program has removed this design';
-  notice(`${what} since you began.`, [
-    ['Keep mine', () => run('/api/keep-mine')],
-    ['Take theirs', () => run('/api/take-theirs')],
+  if (conflict === '') return hush('questions');
+  notice(t(conflict === 'changed' ? 'changedElsewhere' : 'removedElsewhere'), [
+    [t('keepMine'), () => run('/api/keep-mine')],
+    [t('takeTheirs'), () => run('/api/take-theirs')],
   ]);
+}
+
+function showStored() {
+  showDesigns(state.designs, state.draft.isNew ? undefined : state.draft.record.id);
 }
 
 function showPictures() {
@@ -68,9 +41,9 @@ function show(next, answered) {
   const { draft } = state;
   showPictures();
   if (answered || !isSame) showDraft(draft, answered, state.refusals);
-  showDesigns(state.designs, draft.isNew ? undefined : draft.record.id);
+  showStored();
   showConflict(draft);
-  by('edit-heading').textContent = draft.isNew ? 'New design' : 'Edit';
+  by('edit-heading').textContent = t(draft.isNew ? 'newDesign' : 'edit');
   by('none-stored').hidden = state.designs.length > 0 || state.trouble !== '';
   by('order').hidden = state.designs.length < 2;
   by('trouble').hidden = state.trouble === '';
@@ -80,8 +53,8 @@ function show(next, answered) {
   by('duplicate').disabled = draft.isNew;
   by('remove').disabled = draft.isNew && !draft.isUnsaved;
   by('undo').disabled = state.undo === '';
-  by('undo').title = state.undo && `Takes back: ${state.undo}`;
-  document.title = `${draft.isUnsaved ? '• ' : ''}${draft.record.title || 'New design'} – Orvel`;
+  by('undo').title = state.undo && t('takeBack', { what: state.undo });
+  document.title = `${draft.isUnsaved ? '• ' : ''}${draft.record.title || t('newDesign')} – Orvel`;
 }
 
 async function refresh() {
@@ -90,7 +63,7 @@ async function refresh() {
 
 function fail(error) {
   if (error.status) notice(error.message);
-  else notice('The designer has ended. Call orvel design for a new page; what you typed until then is kept.');
+  else notice(t('ended'));
 }
 
 async function sendWaiting() {
@@ -99,12 +72,13 @@ async function sendWaiting() {
     waiting = new Map();
     try {
       show(await post('/api/type', { revision: state.draft.revision, fields }), Object.keys(fields));
-      say(state.draft.isUnsaved ? 'Kept, not saved yet' : '');
+      hush('failures');
+      say(state.draft.isUnsaved ? t('keptNotSaved') : '');
     } catch (error) {
       if (error.field !== 'revision') return fail(error);
-      const mine = 'Keep what I typed';
+      const mine = t('keepTyped');
       const others = await get(withScale('/api/state'));
-      if (await ask('Another window has changed this design meanwhile.', [mine, 'Take the other']) === mine) {
+      if (await ask(t('anotherWindow'), [mine, t('takeOther')]) === mine) {
         state = others;
         waiting = new Map([...Object.entries(fields), ...waiting]);
       } else {
@@ -136,9 +110,9 @@ async function request(path, body) {
     if (error.field === 'conflict') await refresh();
     if (error.field !== 'unsaved') throw error;
   }
-  const answer = await ask('What you typed isn’t saved yet.', ['Save', 'Discard', 'Keep editing']);
-  if (answer === 'Keep editing') return false;
-  if (answer === 'Save') show(await post('/api/save', {}));
+  const answer = await ask(t('unsaved'), [t('save'), t('discard'), t('keepEditing')]);
+  if (answer === t('keepEditing')) return false;
+  if (answer === t('save')) show(await post('/api/save', {}));
   show(await post(path, { ...body, discards: true }));
   return true;
 }
@@ -147,7 +121,7 @@ async function request(path, body) {
 function run(path, body = {}, done = '') {
   return exclusively(async () => {
     await sendWaiting();
-    by('notices').replaceChildren();
+    hush();
     const { id } = state.draft.record;
     if (await request(path, body)) say(done);
     // What was typed meanwhile was for the design that isn't shown any more.
@@ -158,22 +132,41 @@ function run(path, body = {}, done = '') {
 async function remove() {
   const { draft } = state;
   const isLost = draft.isNew;
-  if (isLost && await ask('This design isn’t stored; nothing brings it back.', ['Discard', 'Keep editing']) !== 'Discard') return;
-  await run('/api/remove', {}, isLost ? 'Discarded' : 'Removed. Undo brings it back.');
+  if (isLost && await ask(t('unstored'), [t('discard'), t('keepEditing')]) !== t('discard')) return;
+  await run('/api/remove', {}, t(isLost ? 'discarded' : 'removed'));
+}
+
+function save() {
+  return run('/api/save', { inFront: by('front').checked && !by('front-choice').hidden }, t('saved'));
+}
+
+// The files of both pictures.
+function makeDownloads() {
+  by('downloads').append(t('download'));
+  for (const family of ['small', 'medium']) {
+    for (const format of ['png', 'svg', 'pdf']) {
+      const link = document.createElement('a');
+      link.href = `/api/card?family=${family}&format=${format}${format === 'png' ? '&scale=2' : ''}`;
+      link.download = '';
+      link.textContent = t('downloadFile', { format: format.toUpperCase(), size: t(family).toLocaleLowerCase() });
+      by('downloads').append(' ', link);
+    }
+  }
 }
 
 function setUpButtons() {
   by('form').addEventListener('submit', (event) => {
     event.preventDefault();
-    if (!by('save').disabled) run('/api/save', { inFront: by('front').checked && !by('front-choice').hidden }, 'Saved');
+    if (!by('save').disabled) save();
   });
   by('new').addEventListener('click', async () => {
-    await run('/api/new');
+    // One that is new already stays.
+    if (!state.draft.isNew || state.draft.isUnsaved || sending || waiting.size > 0) await run('/api/new');
     by('title').focus();
   });
-  by('duplicate').addEventListener('click', () => run('/api/duplicate', {}, 'Duplicated. This is the copy.'));
+  by('duplicate').addEventListener('click', () => run('/api/duplicate', {}, t('duplicated')));
   by('remove').addEventListener('click', remove);
-  by('undo').addEventListener('click', () => run('/api/undo', {}, 'Taken back'));
+  by('undo').addEventListener('click', () => run('/api/undo', {}, t('takenBack')));
   for (const radio of document.querySelectorAll('[name=wallpaper]'))
     radio.addEventListener('change', () => { by('wallpaper').className = radio.value; });
 }
@@ -184,9 +177,10 @@ function followServer() {
     newest = Number(event.data);
     if (!sending && newest > state.stamp) refresh().catch(fail);
   });
+  events.addEventListener('desktop', refreshDesktop);
   events.addEventListener('keeping', (event) => {
     const { failure } = JSON.parse(event.data);
-    if (failure) notice(`What you typed can’t be kept: ${failure}`);
+    if (failure) notice(t('cantKeep', { reason: failure }));
     else showConflict(state.draft);
   });
   events.addEventListener('error', () => fail(new Error()));
@@ -210,11 +204,15 @@ async function followScale() {
 const wanted = new URLSearchParams(location.search).get('design');
 // The secret isn't for the history, and a reload begins where this page is.
 history.replaceState(null, '', '/');
+fillIn();
+makeDownloads();
 setUpForm(typed, () => state.draft.record);
-setUpDesigns((id) => run('/api/edit', { id }), (id, to) => run('/api/move', { id, to }, `Moved to position ${to + 1}`));
+setUpDesigns((id) => run('/api/edit', { id }), (id, to) => run('/api/move', { id, to }, t('moved', { number: to + 1 })), idsOnDesktop);
 setUpButtons();
+setUpPlace({ state: () => state, settled: () => exclusively(sendWaiting), save }, showStored);
 await refresh().catch(fail);
 followServer();
+refreshDesktop();
 followClock();
 followScale();
 if (wanted) run('/api/edit', { id: wanted });

@@ -1,8 +1,10 @@
 // The symbol's field: a text, and below it the symbols that go with its words, to choose from.
 import { get } from './server.js';
+import { t } from './words.js';
 
 const field = document.getElementById('symbol');
 const grid = document.getElementById('symbols');
+const popup = document.getElementById('symbols-popup');
 const count = document.getElementById('symbols-count');
 let asked = 0;
 let choose = () => {};
@@ -42,16 +44,18 @@ async function open(words) {
     option.append(picture(path));
     return option;
   }));
+  popup.hidden = false;
   grid.hidden = answer.symbols.length === 0;
-  field.ariaExpanded = String(!grid.hidden);
+  field.ariaExpanded = 'true';
   field.removeAttribute('aria-activedescendant');
   const shown = answer.symbols.length;
-  count.textContent = answer.count > shown ? `The first ${shown} of ${answer.count}` : `${shown || 'None'} found`;
+  if (shown === 0) count.textContent = t('noneFound');
+  else count.textContent = answer.count > shown ? t('firstOf', { shown, count: answer.count }) : t('found', { count: shown });
 }
 
 function close() {
   ++asked;
-  grid.hidden = true;
+  popup.hidden = true;
   field.ariaExpanded = 'false';
   field.removeAttribute('aria-activedescendant');
   count.textContent = '';
@@ -71,16 +75,16 @@ function columns() {
 function onKey(event) {
   const all = options();
   const at = all.findIndex((option) => option.id === field.getAttribute('aria-activedescendant'));
-  if (event.key === 'Escape' && !grid.hidden) {
+  if (event.key === 'Escape' && !popup.hidden) {
     close();
-  } else if (event.key === 'ArrowDown' && grid.hidden) {
+  } else if (event.key === 'ArrowDown' && popup.hidden) {
     open('');
-  } else if (event.key === 'Enter' && !grid.hidden && at >= 0) {
+  } else if (event.key === 'Enter' && !popup.hidden && at >= 0) {
     take(all[at]);
   } else {
     const steps = { ArrowDown: at < 0 ? 1 : columns(), ArrowUp: -columns(), ArrowRight: 1, ArrowLeft: -1 };
     const step = steps[event.key];
-    if (grid.hidden || !step || (at < 0 && event.key !== 'ArrowDown')) return;
+    if (popup.hidden || !step || (at < 0 && event.key !== 'ArrowDown')) return;
     point(all[at + step] || (at + step < 0 ? undefined : all[at]));
   }
   event.preventDefault();
@@ -93,7 +97,7 @@ export function setUpSymbols(typed, chosen) {
     typed(field.value);
     open(field.value);
   });
-  field.addEventListener('click', () => grid.hidden && open(''));
+  field.addEventListener('click', () => popup.hidden && open(''));
   field.addEventListener('keydown', onKey);
   field.addEventListener('blur', close);
   // The field keeps the focus.

@@ -1,4 +1,5 @@
 // A countdown's day, time of day and zone, beside its text. The three say a whole point in time.
+import { t } from './words.js';
 
 const day = document.getElementById('target-day');
 const time = document.getElementById('target-time');
@@ -19,7 +20,7 @@ function name(minutes) {
 }
 
 export function setUpTarget(typed) {
-  zone.append(new Option('This computer’s', ''), new Option('UTC', 'Z'));
+  zone.append(new Option(t('thisComputer'), ''), new Option('UTC', 'Z'));
   for (const minutes of offsets()) if (minutes !== 0) zone.append(new Option(`UTC${name(minutes)}`, name(minutes)));
   for (const control of [day, time, zone]) {
     control.addEventListener('input', () => {

@@ -1,56 +1,18 @@
 // The designer's page in a real browser: each kind from nothing by labels alone, the keyboard alone, what is kept,
-// two windows, other programs, and hostile texts.
+// where cards are placed, two windows, other programs, and hostile texts.
 // Usage: page.mjs BUILD_FOLDER
 import assert from 'node:assert/strict';
 import { readFileSync } from 'node:fs';
 import { Home, openBrowser } from './designer.mjs';
+import { Driver, byRole, eventually, fill, press, tabTo } from './driver.mjs';
+import { placing } from './placing.mjs';
 
 const home = new Home(process.argv[2]);
 const browser = await openBrowser();
 const designer = await home.design();
-const context = await browser.newContext({ timezoneId: 'Europe/Berlin', deviceScaleFactor: 2 });
-const strangers = [];
-context.on('request', (request) => {
-  if (!request.url().startsWith(new URL(designer.address).origin) && !request.url().startsWith('data:')) strangers.push(request.url());
-});
-
-const byRole = (page, role, name) => page.getByRole(role, { name, exact: true });
-const press = (page, name) => byRole(page, 'button', name).click();
-const stored = () => JSON.parse(home.orvel('list', '--json'));
-const pending = () => JSON.parse(home.orvel('pending', '--json'));
-
-async function open(address = designer.address) {
-  const page = await context.newPage();
-  page.on('pageerror', (error) => assert.fail(error));
-  await page.goto(address);
-  await page.locator('#small[src]').waitFor();
-  return page;
-}
-
-async function eventually(what, expected, ask) {
-  let seen;
-  for (let attempt = 0; attempt < 60; ++attempt) {
-    seen = await ask();
-    if (JSON.stringify(seen) === JSON.stringify(expected)) return;
-    await new Promise((resolve) => setTimeout(resolve, 50));
-  }
-  assert.deepEqual(seen, expected, what);
-}
-
-async function fill(page, values) {
-  for (const [label, value] of Object.entries(values)) {
-    if (label === 'Items') {
-      for (const [index, row] of value.entries()) {
-        await press(page, 'Add a row');
-        await page.getByLabel(`Item ${index + 1}`).fill(row);
-      }
-    } else if (label === 'Progress') {
-      await byRole(page, 'textbox', label).fill(value);
-    } else {
-      await page.getByLabel(label, { exact: true }).fill(value);
-    }
-  }
-}
+const driver = new Driver(home, await browser.newContext({ timezoneId: 'Europe/Berlin', deviceScaleFactor: 2 }), designer.address);
+const { stored, pending } = driver;
+const open = (address) => driver.open(address);
 
 const picture = async (page, name) =>
   Buffer.from((await byRole(page, 'img', name).getAttribute('src')).split(',')[1], 'base64');
@@ -100,7 +62,7 @@ async function fieldsOfAnotherKindAreKept(page) {
   await press(page, 'Discard');
   await eventually('the other design', 'Active users', () => page.getByLabel('Title').inputValue());
   await byRole(page, 'radio', 'List').check();
-  await page.getByText('Kept for the kinds that show it: Main text, Second line').waitFor();
+  await page.getByText('Kept for the kinds that show it: Main text and Second line').waitFor();
   assert.equal(await page.getByLabel('Main text').isVisible(), false);
   await byRole(page, 'radio', 'Metric').check();
   await eventually('it is as before', '42', () => page.getByLabel('Main text').inputValue());
@@ -143,21 +105,13 @@ async function secondWindow(page) {
 async function keyboardAlone(page) {
   const count = stored().length;
   await press(page, 'Save');
-  const focus = async (name) => {
-    for (let i = 0; i < 80; ++i) {
-      await page.keyboard.press('Tab');
-      const at = await page.evaluate(() => [document.activeElement.textContent.trim(), document.activeElement.id]);
-      if (at.includes(name)) return;
-    }
-    assert.fail(`Tab doesn't reach ${name}`);
-  };
-  await focus('Duplicate');
+  await tabTo(page, 'Duplicate');
   await page.keyboard.press('Enter');
   await eventually('a copy', count + 1, async () => stored().length);
-  await focus('Remove');
+  await tabTo(page, 'Remove');
   await page.keyboard.press('Space');
   await eventually('it is gone', count, async () => stored().length);
-  await focus('Undo');
+  await tabTo(page, 'Undo');
   await page.keyboard.press('Enter');
   await eventually('it is back', count + 1, async () => stored().length);
   const last = page.getByRole('list', { name: 'Designs' }).getByRole('button').last();
@@ -183,11 +137,14 @@ const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); },
 try {
   const page = await open();
   for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt,
-    secondWindow, keyboardAlone, secondCallAndEnd]) {
-    await part(page);
+    secondWindow, keyboardAlone, placing, secondCallAndEnd]) {
+    await part(page, driver).catch(async (error) => {
+      for (const each of driver.context.pages()) console.error(await each.evaluate(() => document.body.innerText));
+      throw error;
+    });
     console.log(`${part.name}: as it should be`);
   }
-  assert.deepEqual(strangers, [], 'the page asks its own server alone');
+  assert.deepEqual(driver.strangers, [], 'the page asks its own server alone');
 } finally {
   clearTimeout(watchdog);
   designer.child.kill();

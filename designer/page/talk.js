@@ -1,0 +1,45 @@
+// What the page says to the person, and asks.
+
+const by = (id) => document.getElementById(id);
+
+export function say(text) {
+  by('status').textContent = text;
+}
+
+export function button(text, act) {
+  const element = document.createElement('button');
+  element.type = 'button';
+  element.textContent = text;
+  if (act) element.addEventListener('click', act);
+  return element;
+}
+
+// Stays until it is answered, or hushed. A conflict isn't hidden by a failure's end, and the other way round.
+export function notice(text, answers = []) {
+  const element = document.createElement('p');
+  element.append(text);
+  for (const [name, act] of answers) element.append(' ', button(name, act));
+  by('notices').dataset.asks = answers.length > 0;
+  by('notices').replaceChildren(element);
+}
+
+export function hush(what = 'everything') {
+  const asks = by('notices').dataset.asks === 'true';
+  if (what === 'everything' || asks === (what === 'questions')) by('notices').replaceChildren();
+}
+
+// The person's answer to a question: one of the given ones, the last of them when the question is closed.
+export function ask(question, answers) {
+  return new Promise((resolve) => {
+    by('ask-question').textContent = question;
+    by('ask-answers').replaceChildren(...answers.map((name) => {
+      const element = button(name);
+      element.type = 'submit';
+      element.value = name;
+      return element;
+    }));
+    by('ask').returnValue = answers.at(-1);
+    by('ask').addEventListener('close', () => resolve(by('ask').returnValue), { once: true });
+    by('ask').showModal();
+  });
+}

@@ -1,0 +1,68 @@
+// Drives the page as a person does: by the names that its controls have.
+import assert from 'node:assert/strict';
+
+export const byRole = (page, role, name) => page.getByRole(role, { name, exact: true });
+export const press = (page, name) => byRole(page, 'button', name).click();
+
+// Waits until `ask` answers what is expected, as long as a busy machine may take.
+export async function eventually(what, expected, ask) {
+  let seen;
+  for (const end = Date.now() + 20000; Date.now() < end;) {
+    seen = await ask();
+    if (JSON.stringify(seen) === JSON.stringify(expected)) return;
+    await new Promise((resolve) => setTimeout(resolve, 50));
+  }
+  assert.deepEqual(seen, expected, what);
+}
+
+// By Tab alone, to the control with that text, name or id.
+export async function tabTo(page, name, key = 'Tab') {
+  for (let i = 0; i < 120; ++i) {
+    await page.keyboard.press(key);
+    const at = await page.evaluate(() => {
+      const { textContent, id, ariaLabel, value } = document.activeElement;
+      return [textContent.trim(), id, ariaLabel, value];
+    });
+    if (at.includes(name)) return;
+  }
+  assert.fail(`Tab doesn't reach ${name}`);
+}
+
+export async function fill(page, values) {
+  for (const [label, value] of Object.entries(values)) {
+    if (label === 'Items') {
+      for (const [index, row] of value.entries()) {
+        await press(page, 'Add a row');
+        await page.getByLabel(`Item ${index + 1}`).fill(row);
+      }
+    } else if (label === 'Progress') {
+      await byRole(page, 'textbox', label).fill(value);
+    } else {
+      await page.getByLabel(label, { exact: true }).fill(value);
+    }
+  }
+}
+
+export class Driver {
+  constructor(home, context, address) {
+    this.home = home;
+    this.context = context;
+    this.address = address;
+    this.strangers = [];
+    const { origin } = new URL(address);
+    context.on('request', (request) => {
+      if (!request.url().startsWith(origin) && !request.url().startsWith('data:')) this.strangers.push(request.url());
+    });
+    this.stored = () => JSON.parse(home.orvel('list', '--json'));
+    this.pending = () => JSON.parse(home.orvel('pending', '--json'));
+    this.places = () => JSON.parse(home.orvel('place', '--json')).places;
+  }
+
+  async open(address = this.address) {
+    const page = await this.context.newPage();
+    page.on('pageerror', (error) => assert.fail(error));
+    await page.goto(address);
+    await page.locator('#small[src]').waitFor();
+    return page;
+  }
+}

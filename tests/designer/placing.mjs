@@ -1,0 +1,60 @@
+// Where cards stand on the desktop: set by the keyboard alone, in the same file as the command's.
+import assert from 'node:assert/strict';
+import { byRole, eventually, press, tabTo } from './driver.mjs';
+
+const dialog = (page) => byRole(page, 'dialog', 'Place on the desktop');
+
+export async function placing(page, { home, places, stored }) {
+  await page.getByRole('list', { name: 'Designs' }).getByRole('button').first().click();
+  const { id, title } = stored()[0];
+  await page.locator('#place').focus();
+  await page.keyboard.press('Enter');
+  await dialog(page).getByText('No design has a place yet').waitFor();
+  await tabTo(page, 'Put on the desktop');
+  await page.keyboard.press('Enter');
+  await eventually('it has a place as the command gives one', [id, 'top-right', 'small'],
+    async () => places().flatMap((place) => [place.design, place.anchor, place.family]));
+
+  await eventually('what can be done next has the focus', 'place-off', () => page.evaluate(() => document.activeElement.id));
+
+  // Each control changes the place at once.
+  await tabTo(page, 'top-right');
+  for (const key of ['ArrowLeft', 'ArrowDown', 'ArrowDown', 'ArrowDown', 'ArrowLeft']) await page.keyboard.press(key);
+  await eventually('arrow keys go in both directions', 'bottom-left', async () => places()[0].anchor);
+  await page.locator('#place-layer').selectOption({ label: 'Above the windows' });
+  await page.getByLabel('Monitor', { exact: true }).selectOption({ label: 'Every monitor' });
+  await byRole(dialog(page), 'radio', 'Medium').check();
+  await page.getByLabel('Across').fill('7');
+  await page.getByLabel('Down', { exact: true }).fill('-1');
+  await page.keyboard.press('Tab');
+  const expected = { design: id, family: 'medium', anchor: 'bottom-left', margin: [7, 24], output: 'all', layer: 'top' };
+  await eventually('all is in the places file, but what can\'t be', [expected], async () => places());
+
+  // Another program's places show, and what the page doesn't show stays.
+  home.orvel('place', '@2', '--click', 'design', '--output', 'DP-7');
+  const second = dialog(page).getByRole('listitem').nth(1);
+  await second.getByText('DP-7 (not connected)').waitFor();
+  await byRole(second, 'button', `Move ${stored()[1].title} up`).click();
+  await eventually('the order', ['@2', id], async () => places().map((place) => place.design));
+  await dialog(page).getByRole('list').getByRole('button').first().click();
+  await byRole(dialog(page), 'radio', 'Top left').check();
+  await eventually('the other one\'s place', ['top-left', 'design', 'DP-7'],
+    async () => [places()[0].anchor, places()[0].click, places()[0].output]);
+
+  await byRole(dialog(page), 'button', `Take ${title} off the desktop`).click();
+  await eventually('it is off the desktop', ['@2'], async () => places().map((place) => place.design));
+  assert.ok(stored().some((spec) => spec.id === id), 'and still stored');
+  home.orvel('unplace', '1');
+  await page.keyboard.press('Escape');
+
+  await press(page, 'New design');
+  await page.getByLabel('Title').fill('Not stored yet');
+  await press(page, 'Place');
+  await dialog(page).getByText('Save it first').waitFor();
+  await byRole(dialog(page), 'button', 'Save').click();
+  await byRole(dialog(page), 'button', 'Put on the desktop').click();
+  await eventually('saved, and placed', stored()[0].id, async () => places()[0]?.design);
+  await byRole(dialog(page), 'button', 'Take off the desktop').click();
+  await eventually('off again', [], async () => places());
+  await press(page, 'Close');
+}
