@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "fuzz/expect.h"
+#include "model/widget_fields.h"
 #include "platform/host/card.h"
 #include "platform/render/cairo_renderer.h"
 #include "tests/support/fakes.h"
@@ -39,30 +40,41 @@ std::string text(FuzzedDataProvider& bytes) {
     return made;
 }
 
-std::optional<std::string> optionalText(FuzzedDataProvider& bytes) {
-    if (!bytes.ConsumeBool()) return std::nullopt;
-    return text(bytes);
-}
-
 double number(FuzzedDataProvider& bytes) {
     static constexpr std::array<double, 13> special{0.0,    -0.0, 1.0,  0.5,      0.9999999999, 1e-300, 1e300,
                                                     -1e300, 9e18, -1.0, INFINITY, -INFINITY,    NAN};
     return bytes.ConsumeBool() ? bytes.PickValueInArray(special) : bytes.ConsumeFloatingPoint<double>();
 }
 
+void fill(std::string& field, FuzzedDataProvider& bytes) {
+    field = text(bytes);
+}
+
+void fill(double& field, FuzzedDataProvider& bytes) {
+    field = number(bytes);
+}
+
+void fill(Date& field, FuzzedDataProvider& bytes) {
+    field = {number(bytes)};
+}
+
+void fill(WidgetKind& field, FuzzedDataProvider& bytes) {
+    field = bytes.PickValueInArray(allWidgetKinds);
+}
+
+void fill(std::vector<std::string>& field, FuzzedDataProvider& bytes) {
+    for (int i = bytes.ConsumeIntegralInRange(0, 8); i > 0; --i) field.push_back(text(bytes));
+}
+
+template <class Value>
+void fill(std::optional<Value>& field, FuzzedDataProvider& bytes) {
+    if (bytes.ConsumeBool()) fill(field.emplace(), bytes);
+}
+
 WidgetSpec design(FuzzedDataProvider& bytes, const Platform& platform) {
-    WidgetSpec spec({.id = "A", .title = text(bytes), .kind = bytes.PickValueInArray(WidgetSpec::allCases)}, platform);
-    spec.accentHex = text(bytes);
-    spec.symbol = bytes.ConsumeBool() ? "flag.fill" : text(bytes);
-    spec.primary = optionalText(bytes);
-    spec.secondary = optionalText(bytes);
-    if (bytes.ConsumeBool()) {
-        spec.items.emplace();
-        for (int i = bytes.ConsumeIntegralInRange(0, 8); i > 0; --i) spec.items->push_back(text(bytes));
-    }
-    if (bytes.ConsumeBool()) spec.progress = number(bytes);
-    spec.targetISO8601 = optionalText(bytes);
-    spec.createdAt = Date{number(bytes)};
+    WidgetSpec spec({.title = "", .kind = {}}, platform);
+    forEachWidgetField([&](const auto& row) { fill(row.in(spec), bytes); });
+    if (bytes.ConsumeBool()) spec.symbol = "flag.fill";
     return spec;
 }
 

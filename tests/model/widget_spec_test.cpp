@@ -4,7 +4,9 @@
 
 #include <cmath>
 
+#include "model/widget_fields.h"
 #include "model/widget_spec_json.h"
+#include "platform/foundation/text_list.h"
 #include "tests/support/fakes.h"
 
 namespace orvel {
@@ -39,6 +41,15 @@ TEST(WidgetSpec, ConstructorFillsInAndNormalises) {
     const std::pair<double, double> cases[] = {{0.375, 0.375}, {1.7, 1}, {-0.2, 0}, {NAN, 0}, {INFINITY, 1}};
     for (const auto& [given, stored] : cases)
         EXPECT_EQ(WidgetSpec({.title = "", .kind = Kind::progress, .progress = given}).progress, stored) << given;
+}
+
+TEST(WidgetSpec, EveryFieldIsSetInTheFullRecordOfTheseTests) {
+    const WidgetSpec spec = full();
+    forEachWidgetField([&](const auto& row) {
+        if constexpr (requires { row.in(spec).has_value(); }) {
+            EXPECT_TRUE(row.in(spec).has_value()) << row.name;
+        }
+    });
 }
 
 TEST(WidgetSpec, EqualityComparesEveryField) {
@@ -148,11 +159,11 @@ TEST(WidgetSpecJSON, AListFailsAsAWholeAndNamesElementAndKey) {
 
     const struct {
         std::string text;
-        const char* message;
+        std::string message;
     } cases[] = {
         {"[" + good + "," + record("createdAt", "") + "," + good + "]", "design @2: \"createdAt\" is missing"},
         {"[" + good + "," + good + "," + record("kind", "\"LIST\"") + "]",
-         "design @3: \"kind\" must be metric, progress, list, note or countdown; did you mean \"list\"?"},
+         "design @3: \"kind\" must be " + alternatives(kindNames()) + "; did you mean \"list\"?"},
         {"[null]", "design @1: it is null; a design, which is an object {…}, is wanted"},
         {"[" + good + ",7]", "design @2: it is a number; a design, which is an object {…}, is wanted"},
         {good, "this is an object; a list of designs, which is an array […], is wanted"},

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <streambuf>
 
+#include "model/widget_spec.h"
 #include "platform/foundation/json_reader.h"
 #include "tests/tools/command_fixture.h"
 
@@ -55,10 +56,11 @@ TEST_F(Command, GalleryShowsEveryKindInBothSizesTheSameEveryDay) {
         return found;
     };
     // The cards, and what has each design's accent: symbols, the ring's arc, and a list's bullets.
+    constexpr int cards = 2 * (static_cast<int>(WidgetSpec::allCases.size()) + 1);
     const std::pair<const char*, int> fills[] = {
-        {"8.627451%,8.627451%,9.803922%", 12},   {"3.921569%,51.764706%,100%", 2},
-        {"18.823529%,81.960784%,34.509804%", 4}, {"100%,62.352941%,3.921569%", 10},
-        {"100%,83.921569%,3.921569%", 2},        {"100%,21.568627%,37.254902%", 2}};
+        {"8.627451%,8.627451%,9.803922%", cards}, {"3.921569%,51.764706%,100%", 2},
+        {"18.823529%,81.960784%,34.509804%", 4},  {"100%,62.352941%,3.921569%", 10},
+        {"100%,83.921569%,3.921569%", 2},         {"100%,21.568627%,37.254902%", 2}};
     for (const auto& [color, times] : fills) EXPECT_EQ(count(std::string("rgb(") + color), times) << color;
     EXPECT_NE(files["gallery.pdf"].find("(20260101090000Z)"), std::string::npos) << "its own moment";
 }
