@@ -140,7 +140,7 @@ private:
         using enum WidgetField;
         constexpr WidgetField order[]{id,        title,         accentHex, symbol,   kind,     primary,
                                       secondary, targetISO8601, items,     progress, createdAt};
-        static_assert(std::size(order) == std::tuple_size_v<decltype(widget_fields::table)>);
+        static_assert(std::size(order) == std::tuple_size_v<decltype(widget_fields::table)>, "a field has no rank");
         return static_cast<std::size_t>(std::find(std::begin(order), std::end(order), field) - order);
     }
 

@@ -66,6 +66,7 @@ TEST(EveryPlace, NamesEveryKindFieldAndCommand) {
     } places[] = {
         {"docs/store.md", "| `kind` | string, required | ", {listOfKinds()}, " |"},
         {"designer/page/index.html", "value=\"", kinds(), "\""},
+        {"tests/views/views_test.cpp", "Kind::", kinds(), ""},
         {"docs/store.md", "| `", fields([](WidgetField) { return true; }), "` |"},
         {"designer/page/index.html", "data-field=\"", fields(isShown), "\""},
         {"docs/command.md", "`", commands(), "`"},

@@ -6,6 +6,7 @@
 #include "platform/ui/inspection.h"
 #include "tests/support/fakes.h"
 #include "views/entry_view.h"
+#include "views/kind_face.h"
 
 namespace orvel {
 namespace {
@@ -63,6 +64,43 @@ const std::string secondary = R"(,
     {"view":"lineLimit","lines":1,"content":
     {"view":"foregroundStyle","style":"secondary","content":
     {"view":"font","size":11,"weight":400,"content":{"view":"Text","verbatim":"sec"}}}})";
+
+void change(std::string& field) {
+    field += "0";
+}
+
+void change(std::vector<std::string>& field) {
+    field.emplace_back("added");
+}
+
+void change(double& field) {
+    field += 0.125;
+}
+
+void change(Date& field) {
+    field = field.addingTimeInterval(1);
+}
+
+template <class Value>
+void change(std::optional<Value>& field) {
+    change(field ? *field : field.emplace());
+}
+
+TEST(SpecView, ShowsTheFieldsOfItsKindAndNoOthers) {
+    for (const Kind kind : allWidgetKinds) {
+        WidgetSpec spec = everyField(kind);
+        spec.accentHex = "#0a0";  // with another digit it is no colour
+        const std::string before = dumped(spec);
+        forEachWidgetField([&](const auto& row) {
+            WidgetSpec changed = spec;
+            if constexpr (std::is_same_v<std::remove_cvref_t<decltype(row.in(changed))>, Kind>)
+                return;
+            else
+                change(row.in(changed));
+            EXPECT_EQ(dumped(changed) != before, shows(kind, row.field)) << rawValue(kind) << ' ' << row.name;
+        });
+    }
+}
 
 TEST(SpecView, ValueLayout) {
     const struct {
