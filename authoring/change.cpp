@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/widget_fields.h"
 #include "model/widget_spec_json.h"
 #include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
@@ -49,6 +50,19 @@ std::optional<std::size_t> find(const Specs& specs, const Place& place) {
     const auto found = std::ranges::find(specs, place.spec);
     if (found == specs.end()) return std::nullopt;
     return static_cast<std::size_t>(found - specs.begin());
+}
+
+// The design without a change of it, where others have changed other fields since; absent when they have changed the
+// same.
+std::optional<WidgetSpec> withoutChange(const WidgetSpec& before, const WidgetSpec& after, WidgetSpec now) {
+    bool isApart = true;
+    forEachWidgetField([&](const auto& row) {
+        if (row.in(before) == row.in(after)) return;
+        isApart = isApart && row.in(now) == row.in(after);
+        row.in(now) = row.in(before);
+    });
+    if (!isApart) return std::nullopt;
+    return now;
 }
 
 // Whether the list is as if the change had never been.
@@ -134,16 +148,25 @@ Change removing(const Specs& specs, const std::set<std::size_t>& indexes) {
 
 Outcome<std::optional<Specs>> takenBack(const Change& change, Specs specs) {
     if (isGone(change, specs)) return std::optional<Specs>();
+    std::vector<Place> back = change.removed;
     for (auto place = change.inserted.rbegin(); place != change.inserted.rend(); ++place) {
-        const auto found = find(specs, *place);
+        auto found = find(specs, *place);
+        const auto before = std::ranges::find_if(back, hasId(place->spec.id), &Place::spec);
+        if (!found && before != back.end() && countOfId(specs, place->spec.id) == 1) {
+            found = static_cast<std::size_t>(std::ranges::find_if(specs, hasId(place->spec.id)) - specs.begin());
+            if (auto merged = withoutChange(before->spec, place->spec, specs[*found]))
+                before->spec = *std::move(merged);
+            else
+                found.reset();
+        }
         if (!found) return Failure{nameOf(place->spec) + " has been changed or removed by another program since"};
         specs.erase(specs.begin() + static_cast<std::ptrdiff_t>(*found));
     }
-    for (const Place& place : change.removed)
+    for (const Place& place : back)
         if (countOfId(specs, place.spec.id) > place.sameId)
             return Failure{"another program has stored a design with the id " + unicode::onOneLine(place.spec.id) +
                            " since"};
-    return std::optional(inserting(change.removed, std::move(specs)));
+    return std::optional(inserting(back, std::move(specs)));
 }
 
 std::string nameOf(const WidgetSpec& spec) {

@@ -44,9 +44,9 @@ Change moving(const std::vector<WidgetSpec>& specs, std::size_t index, std::size
 
 Change removing(const std::vector<WidgetSpec>& specs, const std::set<std::size_t>& indexes);
 
-/// The list without the change, though others may have changed other designs since. What the change put in and isn't
-/// there any more as it was, or would come back beside a design of the same id, makes it a failure; nothing of others
-/// is undone. Absent when there is nothing left to take back.
+/// The list without the change, though others may have changed other designs since, or other fields of the same one.
+/// What the change put in and isn't there any more as it was, or would come back beside a design of the same id, makes
+/// it a failure; nothing of others is undone. Absent when there is nothing left to take back.
 Outcome<std::optional<std::vector<WidgetSpec>>> takenBack(const Change& change, std::vector<WidgetSpec> specs);
 
 /// What to call a design: "Active users" (6F1A).

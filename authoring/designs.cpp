@@ -73,8 +73,10 @@ Outcome<OpenDesigns> openDesigns(const Platform& platform, const LockWait& wait,
     return designs;
 }
 
-Outcome<Saved> saveChange(const OpenDesigns& designs, const Change& change, const Platform& platform) {
+Outcome<Saved> saveChange(const OpenDesigns& designs, const Change& change, const Platform& platform,
+                          InHistory inHistory) {
     if (change.isEmpty() && !designs.startsOver) return Saved{.wroteAnything = false};
+    if (inHistory == InHistory::no) return write(change.appliedTo(designs.specs), platform);
 
     std::optional<std::string> kept;
     if (designs.startsOver) {

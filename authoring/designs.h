@@ -41,9 +41,13 @@ Outcome<std::vector<WidgetSpec>> readDesigns(const Platform& platform);
 Outcome<OpenDesigns> openDesigns(const Platform& platform, const LockWait& wait = {},
                                  WhenInvalid whenInvalid = WhenInvalid::refuse);
 
+/// Whether the history gets a change: a person's steps do, what a program repeats by itself would only bury them.
+enum class InHistory { yes, no };
+
 /// Makes the change of the designs that were opened, and enters it into the history. A change that is empty writes
 /// nothing, and one that fails leaves nothing.
-Outcome<Saved> saveChange(const OpenDesigns& designs, const Change& change, const Platform& platform);
+Outcome<Saved> saveChange(const OpenDesigns& designs, const Change& change, const Platform& platform,
+                          InHistory inHistory = InHistory::yes);
 
 /// Puts the designs back as they were opened, and forgets the change: for an operation whose next step failed.
 void withdraw(const OpenDesigns& designs, const Saved& saved, const Platform& platform);

@@ -9,7 +9,6 @@
 #include "authoring/color_names.h"
 #include "authoring/number_text.h"
 #include "authoring/target_text.h"
-#include "authoring/warnings.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/text_list.h"

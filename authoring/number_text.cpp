@@ -1,6 +1,7 @@
 #include "authoring/number_text.h"
 
 #include <charconv>
+#include <sstream>
 #include <system_error>
 
 #include "platform/foundation/unicode.h"
@@ -27,6 +28,17 @@ std::optional<double> portionText(std::string_view text) {
     const auto whole = numberText(trimmed(text.substr(bar + 1)));
     if (!part || !whole || *whole == 0) return std::nullopt;
     return *part / *whole;
+}
+
+std::string inShort(double number) {
+    std::ostringstream text;
+    text << number;
+    return text.str();
+}
+
+std::string perCentMeant(double progress) {
+    if (!(progress > 1 && progress <= 100)) return {};
+    return "; did you mean " + inShort(progress) + "%, which is " + inShort(progress / 100) + "?";
 }
 
 }  // namespace orvel

@@ -6,6 +6,7 @@
 #include "authoring/color_names.h"
 #include "authoring/contrast.h"
 #include "authoring/field_texts.h"
+#include "authoring/number_text.h"
 #include "format/hex_color.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/unicode.h"
@@ -25,12 +26,6 @@ std::string inQuotes(std::string_view text) {
 
 bool isBlank(const std::string& text) {
     return unicode::trimmingWhitespace(unicode::onOneLine(text)).empty();
-}
-
-std::string inShort(double number) {
-    std::ostringstream text;
-    text << number;
-    return text.str();
 }
 
 Text aboutAccent(const std::string& accent) {
@@ -111,11 +106,6 @@ bool isGiven(const Row& row, const WidgetSpec& spec) {
 }
 
 }  // namespace
-
-std::string perCentMeant(double progress) {
-    if (!(progress > 1 && progress <= 100)) return {};
-    return "; did you mean " + inShort(progress) + "%, which is " + inShort(progress / 100) + "?";
-}
 
 std::vector<Warning> warnings(const WidgetSpec& spec, const Symbols& symbols) {
     std::vector<Warning> found;

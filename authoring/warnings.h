@@ -21,9 +21,6 @@ std::vector<Warning> warnings(const WidgetSpec& spec, const Symbols& symbols);
 /// The same for each design of a list, and ids that occur again.
 std::vector<DesignWarning> warnings(const std::vector<WidgetSpec>& specs, const Symbols& symbols);
 
-/// "; did you mean 38%, which is 0.38?" of a progress from 1 to 100, or nothing.
-std::string perCentMeant(double progress);
-
 /// Members that designs don't have, of a record as JSON or of a list of them; each name once, at the first design that
 /// has it. None for a text that isn't JSON.
 std::vector<DesignWarning> unknownMembers(std::string json);

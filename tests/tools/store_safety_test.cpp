@@ -169,6 +169,32 @@ TEST_F(StoreCommand, TakesChangesBack) {
     EXPECT_EQ(ids(), "A B A ");
 }
 
+TEST_F(StoreCommand, TakesBackItsFieldsFromADesignThatOthersKeepChanging) {
+    const struct {
+        std::vector<const char*> change;
+        const char* title;  // afterwards; null: it can't be taken back
+        const char* ids;
+    } cases[] = {
+        {{"set", "B", "title=mine"}, "title", "A B "},
+        {{"front", "B"}, "title", "A B "},
+        {{"set", "B", "title=mine", "primary=mine"}, nullptr, "A B "},
+    };
+    for (const auto& c : cases) {
+        machine.files.contents.clear();
+        store({"A", "B"});
+        run(c.change);
+        auto specs = stored();
+        for (WidgetSpec& spec : specs)
+            if (spec.id == "B") spec.primary = "others";
+        WidgetStore::save(specs, machine.platform);
+        const Answer answer = run({"undo"});
+        EXPECT_EQ(answer.code, c.title ? done : failed) << answer.err;
+        EXPECT_EQ(ids(), c.ids) << c.change[0];
+        EXPECT_EQ(stored()[1].primary, "others") << c.change[0];
+        EXPECT_EQ(stored()[1].title, c.title ? c.title : "mine") << c.change[0];
+    }
+}
+
 TEST_F(StoreCommand, TakesBackNothingOfOthers) {
     const struct {
         std::vector<const char*> change;
