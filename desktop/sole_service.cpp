@@ -1,11 +1,6 @@
 #include "desktop/sole_service.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
 
 namespace orvel {
@@ -18,26 +13,10 @@ std::string variable(const char* name) {
 
 }  // namespace
 
-std::variant<Descriptor, OtherService> becomeSoleService() {
-    const std::string folder = variable("XDG_RUNTIME_DIR");
-    if (!folder.starts_with('/')) return Descriptor();
+std::variant<Descriptor, OtherProcess> becomeSoleService() {
     std::string display = variable("WAYLAND_DISPLAY").empty() ? variable("DISPLAY") : variable("WAYLAND_DISPLAY");
     std::replace(display.begin(), display.end(), '/', '-');
-    const std::string file = folder + "/orvel-desktop-" + display + ".lock";
-
-    Descriptor lock(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-    if (!lock) return Descriptor();
-    if (::flock(lock.get(), LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK) return Descriptor();
-        char process[32];
-        const ssize_t length = ::read(lock.get(), process, sizeof process);
-        return OtherService{std::string(process, static_cast<std::size_t>(std::max<ssize_t>(length, 0)))};
-    }
-    const std::string process = std::to_string(::getpid());
-    const bool isTold = ::ftruncate(lock.get(), 0) == 0 &&
-                        ::write(lock.get(), process.data(), process.size()) == static_cast<ssize_t>(process.size());
-    (void)isTold;  // only for a message of the next one's
-    return lock;
+    return becomeSole("orvel-desktop-" + display);
 }
 
 }  // namespace orvel

@@ -47,11 +47,11 @@ Outcome<Done> desktop(const PlaceChoices& choices, const Platform& platform, Con
         notice(reason);
         notifyInSession("Orvel", reason);
     }};
-    std::variant<Descriptor, OtherService> sole;
+    std::variant<Descriptor, OtherProcess> sole;
     if (choices.isEmpty()) {
         sole = becomeSoleService();
-        if (const auto* const other = std::get_if<OtherService>(&sole)) {
-            notice("your cards are on this desktop already, shown by process " + other->process);
+        if (const auto* const other = std::get_if<OtherProcess>(&sole)) {
+            notice("your cards are on this desktop already, shown by process " + other->number);
             return Done{};
         }
     } else {
