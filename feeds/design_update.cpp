@@ -1,0 +1,144 @@
+#include "feeds/design_update.h"
+
+#include <algorithm>
+
+#include "authoring/designs.h"
+#include "authoring/new_design.h"
+#include "authoring/references.h"
+#include "feeds/feeds.h"
+#include "feeds/held_line.h"
+#include "platform/foundation/unicode.h"
+#include "views/kind_face.h"
+
+namespace orvel {
+namespace {
+
+WidgetField noNewsField(const WidgetSpec& spec) {
+    return shows(spec.kind, WidgetField::secondary) ? WidgetField::secondary : WidgetField::title;
+}
+
+std::optional<std::string> textOf(WidgetField field, const WidgetSpec& spec) {
+    return field == WidgetField::title ? std::optional(spec.title) : spec.secondary;
+}
+
+void setText(WidgetField field, const std::optional<std::string>& text, WidgetSpec& spec) {
+    if (field == WidgetField::title)
+        spec.title = text.value_or("");
+    else
+        spec.secondary = text;
+}
+
+void restore(const std::optional<HeldLine>& held, WidgetSpec& spec) {
+    if (!held) return;
+    const WidgetField field = noNewsField(spec);
+    if (textOf(field, spec) == held->line) setText(field, held->former, spec);
+}
+
+Outcome<Done> save(const OpenDesigns& designs, const Outcome<Change>& change, const Platform& platform) {
+    if (!change) return change.failure();
+    const auto saved = saveChange(designs, *change, platform, InHistory::no);
+    if (!saved) return saved.failure();
+    return Done{};
+}
+
+Outcome<Done> assignAll(const FeedOutput& output, WidgetSpec& spec, const Platform& platform) {
+    for (const std::string& field : output.unset)
+        if (const auto done = unset(field, spec); !done) return done.failure();
+    auto assignments = output.assignments;
+    if (output.mainText) assignments.push_back(mainTextOf(spec.kind, *output.mainText));
+    const auto losses = assign(assignments, spec, platform);
+    if (!losses) return Failure{"its output: " + losses.failure().reason};
+    return Done{};
+}
+
+Outcome<Done> makeBehindOthers(const Feed& feed, const FeedOutput& output, const OpenDesigns& designs,
+                               const Platform& platform) {
+    WidgetSpec spec = makeDesign({.id = feed.design, .title = feed.name, .kind = likelyKind(output)}, platform).spec;
+    if (const auto assigned = assignAll(output, spec, platform); !assigned) return assigned.failure();
+    Change change;
+    change.inserted.push_back({designs.specs.size(), std::move(spec)});
+    return save(designs, change, platform);
+}
+
+Outcome<Done> rememberMade(const Feed& feed, const Platform& platform) {
+    const auto changed = changeFeeds(
+        [&](std::vector<Feed>& feeds) -> Outcome<Done> {
+            for (Feed& each : feeds)
+                if (each.name == feed.name && each.design == feed.design) each.isMade = true;
+            return Done{};
+        },
+        platform);
+    if (!changed) return changed.failure();
+    return Done{};
+}
+
+}  // namespace
+
+Outcome<Done> updateDesign(const Feed& feed, const FeedOutput& output, const Platform& platform) {
+    const auto held = HeldLines::read(feed.name, platform);
+    {
+        const auto designs = openDesigns(platform);
+        if (!designs) return designs.failure();
+        const auto index = findWithId(designs->specs, feed.design);
+        if (!index) return index.failure();
+        if (!*index) {
+            if (feed.isMade)
+                return Failure{"its design \"" + unicode::onOneLine(feed.design) +
+                               "\" has been removed; orvel feed run makes it again, orvel feed remove ends the feed"};
+            if (const auto made = makeBehindOthers(feed, output, *designs, platform); !made) return made.failure();
+        } else {
+            WidgetSpec spec = designs->specs[**index];
+            restore(held, spec);
+            if (const auto assigned = assignAll(output, spec, platform); !assigned) return assigned.failure();
+            const auto saved = save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
+            if (!saved) return saved.failure();
+        }
+    }
+    if (held) HeldLines::remove(feed.name, platform);
+    if (feed.isMade) return Done{};
+    return rememberMade(feed, platform);
+}
+
+Outcome<Done> sayNoNews(const Feed& feed, Date since, const Platform& platform) {
+    auto held = HeldLines::read(feed.name, platform);
+    const bool isUp = held.has_value();
+    if (!held) held = HeldLine{.since = since, .line = {}, .former = {}};
+    const std::string news = HeldLines::text(held->since, platform);
+    if (isUp && held->line.ends_with(news)) return Done{};
+
+    const auto designs = openDesigns(platform);
+    if (!designs) return designs.failure();
+    const auto index = findWithId(designs->specs, feed.design);
+    if (!index) return index.failure();
+    if (!*index) return Done{};
+    WidgetSpec spec = designs->specs[**index];
+    const WidgetField field = noNewsField(spec);
+    if (isUp && textOf(field, spec) != held->line) return Done{};  // a person's by now
+    if (!isUp) held->former = textOf(field, spec);
+    held->line = field == WidgetField::title ? held->former.value_or("") + ": " + news : news;
+    // Kept first: the former line must not be lost.
+    if (const auto kept = HeldLines::write(feed.name, *held, platform); !kept) return kept.failure();
+    setText(field, held->line, spec);
+    return save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
+}
+
+Outcome<Done> takeNoNewsBack(const Feed& feed, const Platform& platform) {
+    const auto held = HeldLines::read(feed.name, platform);
+    if (!held) return Done{};
+    {
+        const auto designs = openDesigns(platform);
+        if (!designs) return designs.failure();
+        const auto index = findWithId(designs->specs, feed.design);
+        if (!index) return index.failure();
+        if (*index) {
+            WidgetSpec spec = designs->specs[**index];
+            restore(held, spec);
+            const auto saved = save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
+            if (!saved) return saved.failure();
+        }
+    }
+    HeldLines::remove(feed.name, platform);
+    return Done{};
+}
+
+}  // namespace orvel

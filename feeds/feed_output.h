@@ -1,0 +1,33 @@
+// What a feed's command says of its design: lines "field=value" as `orvel set` takes them, one JSON object of fields,
+// or a single line, which is the card's main text.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "authoring/field_texts.h"
+#include "model/widget_spec.h"
+#include "platform/foundation/outcome.h"
+
+namespace orvel {
+
+struct FeedOutput {
+    std::vector<Assignment> assignments = {};
+    std::vector<std::string> unset = {};  ///< fields that become absent: null, or an empty list
+    std::optional<std::string> mainText = std::nullopt;
+
+    /// Whether it says anything of that field.
+    bool names(WidgetField field) const;
+};
+
+/// The failure says what is wrong, and where.
+Outcome<FeedOutput> readOutput(const std::string& text);
+
+/// What the main text of that kind's card is written into: a ring shows a portion, a list its row, and so on.
+Assignment mainTextOf(WidgetKind kind, const std::string& text);
+
+/// The kind of a new design of which the output doesn't say it: by the fields that it names.
+WidgetKind likelyKind(const FeedOutput& output);
+
+}  // namespace orvel

@@ -1,0 +1,155 @@
+#include "feeds/feeds_json.h"
+
+#include <algorithm>
+
+#include "platform/foundation/json_reader.h"
+#include "platform/foundation/json_writer.h"
+#include "platform/foundation/unicode.h"
+
+namespace orvel {
+
+std::string wrongFeedName(std::string_view name) {
+    constexpr std::size_t longest = 64;
+    if (name.empty()) return "a feed's name is empty";
+    if (name.size() > longest) return "a feed's name has more than 64 bytes";
+    if (name.front() == '.' || name.front() == '-') return "a feed's name begins with \".\" or \"-\"";
+    if (name.find('/') != name.npos) return "a feed's name has \"/\" in it";
+    if (unicode::onOneLine(name) != name) return "a feed's name has control characters in it";
+    return {};
+}
+
+namespace FeedsJSON {
+namespace {
+
+class Decoder {
+public:
+    bool decode(json::Value& value, std::vector<Feed>& feeds) {
+        if (value.kind() != json::Kind::array) return fail("the feeds must be a list, in brackets", value.offset());
+        return value.elements([&](json::Value& element) {
+            const std::size_t start = element.offset();
+            Feed feed;
+            if (!decode(element, feed)) return false;
+            if (std::ranges::find(feeds, feed.name, &Feed::name) != feeds.end())
+                return fail("there are two feeds named \"" + feed.name + '"', start);
+            feeds.push_back(std::move(feed));
+            return true;
+        });
+    }
+
+    std::optional<Fault> fault;
+
+private:
+    bool decode(json::Value& value, Feed& feed) {
+        if (value.kind() != json::Kind::object) return fail("a feed must be an object, in braces", value.offset());
+        const std::size_t start = value.offset();
+        bool hasEvery = false;
+        if (!value.members([&](std::string_view name, json::Value& member) {
+                hasEvery = hasEvery || name == "every";
+                return take(name, member, feed);
+            }))
+            return false;
+        if (feed.name.empty()) return fail("\"name\" is missing", start);
+        if (!hasEvery) return fail("\"every\" is missing: an interval such as \"60s\", or \"07:30\"", start);
+        if (feed.command.empty()) return fail("\"command\" is missing: a list of a program and its arguments", start);
+        if (feed.design.empty()) feed.design = feed.name;
+        return true;
+    }
+
+    bool take(std::string_view name, json::Value& value, Feed& feed) {
+        const std::size_t offset = value.offset();
+        std::string given;
+        if (name == "name") {
+            if (!text(name, value, feed.name)) return false;
+            const std::string wrong = wrongFeedName(feed.name);
+            return wrong.empty() || fail(wrong, offset);
+        }
+        if (name == "every") {
+            if (!text(name, value, given)) return false;
+            const auto every = everyText(given);
+            if (every) feed.every = *every;
+            return every || fail(every.failure().reason, offset);
+        }
+        if (name == "timeout") {
+            if (!text(name, value, given)) return false;
+            const auto timeout = durationText(given, Feed::longestTimeout);
+            feed.timeout = timeout.value_or(feed.timeout);
+            return timeout || fail("\"timeout\" must be from 1s to 1h, such as \"10s\"", offset);
+        }
+        if (name == "design") return text(name, value, feed.design);
+        if (name == "command") return command(value, feed.command);
+        if (name == "paused") return flag(name, value, feed.isPaused);
+        if (name == "whenOnline") return flag(name, value, feed.whenOnline);
+        if (name == "made") return flag(name, value, feed.isMade);
+        if (name != "onBattery") return true;
+        if (!text(name, value, given)) return false;
+        feed.pausesOnBattery = given == "pause";
+        return given == "pause" || given == "run" || fail("\"onBattery\" must be \"run\" or \"pause\"", offset);
+    }
+
+    bool text(std::string_view name, json::Value& value, std::string& field) {
+        const std::size_t offset = value.offset();
+        const bool isText = value.kind() == json::Kind::string;
+        if (!isText) return fail('"' + std::string(name) + "\" must be a text", offset);
+        const auto string = value.string();
+        if (string) field = *string;
+        return string.has_value();
+    }
+
+    bool flag(std::string_view name, json::Value& value, bool& field) {
+        if (value.kind() != json::Kind::boolean)
+            return fail('"' + std::string(name) + "\" must be true or false", value.offset());
+        const auto given = value.boolean();
+        field = given.value_or(false);
+        return given.has_value();
+    }
+
+    bool command(json::Value& value, std::vector<std::string>& words) {
+        if (value.kind() != json::Kind::array) return fail("\"command\" must be a list of texts", value.offset());
+        words.clear();
+        return value.elements([&](json::Value& element) {
+            const std::size_t offset = element.offset();
+            if (!text("command", element, words.emplace_back())) return false;
+            return words.back().find('\0') == std::string::npos || fail("\"command\" has a zero byte in it", offset);
+        });
+    }
+
+    bool fail(std::string reason, std::size_t offset) {
+        fault = Fault{std::move(reason), offset};
+        return false;
+    }
+};
+
+}  // namespace
+
+Result<std::vector<Feed>, Fault> decode(std::string text) {
+    std::vector<Feed> feeds;
+    Decoder decoder;
+    if (const auto syntax =
+            json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, feeds); }))
+        return Fault{"not valid JSON: " + syntax->reason, syntax->position.offset};
+    if (decoder.fault) return *std::move(decoder.fault);
+    return feeds;
+}
+
+std::optional<std::string> encode(const std::vector<Feed>& feeds) {
+    std::string lines;
+    for (const Feed& feed : feeds) {
+        json::Writer writer;
+        writer.beginObject().key("name").string(feed.name).key("every").string(text(feed.every));
+        writer.key("timeout").string(text(feed.timeout)).key("design").string(feed.design);
+        writer.key("command").beginArray();
+        for (const std::string& word : feed.command) writer.string(word);
+        writer.endArray();
+        if (feed.isPaused) writer.key("paused").boolean(true);
+        if (feed.pausesOnBattery) writer.key("onBattery").string("pause");
+        if (feed.whenOnline) writer.key("whenOnline").boolean(true);
+        if (feed.isMade) writer.key("made").boolean(true);
+        const auto line = writer.endObject().finish();
+        if (!line) return std::nullopt;
+        lines += (lines.empty() ? "" : ",\n") + *line;
+    }
+    return "[" + lines + "]\n";
+}
+
+}  // namespace FeedsJSON
+}  // namespace orvel

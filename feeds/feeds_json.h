@@ -1,0 +1,26 @@
+// Feeds to JSON and back: an array of objects such as
+//   {"name":"disk","every":"60s","timeout":"10s","design":"disk","command":["df","--output=pcent","/"]}
+// of which "name", "every" and "command" must be there. "paused", "whenOnline" and "made" are true or false,
+// "onBattery" is "run" or "pause". Other members are ignored.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "feeds/feed.h"
+#include "platform/foundation/result.h"
+
+namespace orvel::FeedsJSON {
+
+struct Fault {
+    std::string reason;  ///< one line without a full stop
+    std::size_t offset;  ///< where in the text, in bytes
+};
+
+/// Two feeds of one name are a fault.
+Result<std::vector<Feed>, Fault> decode(std::string text);
+
+/// A feed on each line, for people who read it. Absent when a text isn't UTF-8.
+std::optional<std::string> encode(const std::vector<Feed>& feeds);
+
+}  // namespace orvel::FeedsJSON

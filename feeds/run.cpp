@@ -1,0 +1,32 @@
+#include "feeds/run.h"
+
+#include "feeds/design_update.h"
+#include "feeds/feed_output.h"
+#include "platform/foundation/sole_process.h"
+
+namespace orvel {
+namespace {
+
+std::optional<std::string> useOutput(const Feed& feed, const std::string& text, const Platform& platform) {
+    const auto output = readOutput(text);
+    if (!output) return output.failure().reason;
+    const auto updated = updateDesign(feed, *output, platform);
+    // What may not survive a loss of power is there all the same, and comes again.
+    if (!updated && updated.failure().cause != Failure::Cause::afterwards) return updated.failure().reason;
+    return std::nullopt;
+}
+
+}  // namespace
+
+FeedRun runFeed(const Feed& feed, const Platform& platform) {
+    const auto sole = becomeSole("orvel-feed-" + feed.name);
+    if (const auto* const other = std::get_if<OtherProcess>(&sole))
+        return {.failure = "process " + other->number + " runs it at the moment", .isSkipped = true};
+    const auto began = std::chrono::steady_clock::now();
+    FeedRun run{.command = runCommand(feed.command, homeDirectory(platform.accounts), {.time = feed.timeout})};
+    run.failure = run.command.failure ? run.command.failure : useOutput(feed, run.command.output, platform);
+    run.time = std::chrono::steady_clock::now() - began;
+    return run;
+}
+
+}  // namespace orvel
