@@ -7,6 +7,8 @@
 #include "designer/page_files.h"
 #include "designer/placing/desktop_json.h"
 #include "designer/placing/place_changes.h"
+#include "designer/sharing/command_lines.h"
+#include "designer/sharing/pasted_design.h"
 #include "designer/state_json.h"
 #include "designer/symbol_json.h"
 #include "desktop/places.h"
@@ -75,6 +77,7 @@ HttpResponse Service::get(const HttpRequest& request) {
     if (request.path == "/api/card") return card(request);
     if (request.path == "/api/symbols") return found(request);
     if (request.path == "/api/desktop") return desktop();
+    if (request.path == "/api/share") return share();
     const PageFile* const file = pageFile(request.path);
     if (!file) return refusal(404, "there is nothing at this address");
     HttpResponse response{200, std::string(file->type), std::string(file->bytes)};
@@ -86,6 +89,7 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
     const Unsaved unsaved = body.discards ? Unsaved::discard : Unsaved::refuse;
     Outcome<Done> done = Done{};
     if (request.path == "/api/type") return type(request, body);
+    if (request.path == "/api/paste") return paste(request, body);
     if (request.path.starts_with("/api/desktop/")) return changeDesktop(request, body);
     if (request.path == "/api/visit") return {200, "text/plain", access.addressForOneVisit(port)};
     if (request.path == "/api/new")
@@ -114,6 +118,26 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
         return refusal(done.failure().field == unsavedField || done.failure().field == conflictField ? 409 : 422,
                        done.failure().reason, done.failure().field);
     return state(request);
+}
+
+HttpResponse Service::share() const {
+    const auto [set, add] = updateLines(workbench_.draft());
+    json::Writer writer;
+    writer.beginObject().key("add").string(addLine(workbench_.draft(), platform_));
+    writer.key("set").string(set).key("keep").string(add);
+    return {200, "application/json", writer.endObject().finish().value_or("{}")};
+}
+
+HttpResponse Service::paste(const HttpRequest& request, const Body& body) {
+    const auto design = pastedDesign(body.text, platform_);
+    if (!design) return refusal(422, design.failure().reason, design.failure().field);
+    const auto taken = workbench_.take(design->spec, body.discards ? Unsaved::discard : Unsaved::refuse);
+    if (!taken) return refusal(409, taken.failure().reason, taken.failure().field);
+    std::vector<FieldRefusal> losses;
+    for (const auto& [field, text] : design->losses) losses.push_back({field, text});
+    noticeAll();
+    hooks_.keepSoon();
+    return state(request, losses);
 }
 
 HttpResponse Service::desktop() const {

@@ -43,6 +43,8 @@ private:
     HttpResponse stored(const HttpRequest& request) const;
     HttpResponse card(const HttpRequest& request) const;
     HttpResponse found(const HttpRequest& request) const;
+    HttpResponse share() const;
+    HttpResponse paste(const HttpRequest& request, const Body& body);
     HttpResponse desktop() const;
     HttpResponse changeDesktop(const HttpRequest& request, const Body& body) const;
     HttpResponse type(const HttpRequest& request, const Body& body);

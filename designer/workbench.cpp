@@ -115,6 +115,14 @@ Outcome<Done> Workbench::edit(const std::string& id, Unsaved unsaved) {
     return left;
 }
 
+Outcome<Done> Workbench::take(WidgetSpec spec, Unsaved unsaved) {
+    const auto left = leave(unsaved);
+    if (!left) return left;
+    const WidgetSpec* const now = stored(spec.id);
+    open(std::move(spec), now ? std::optional(*now) : std::nullopt);
+    return Done{};
+}
+
 Outcome<Done> Workbench::save(bool inFront) {
     if (conflict() == Conflict::changed)
         return Failure{"this design was changed by another program since you began", Failure::Cause::request,

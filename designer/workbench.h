@@ -55,6 +55,8 @@ public:
 
     Outcome<Done> startNew(Unsaved unsaved);
     Outcome<Done> edit(const std::string& id, Unsaved unsaved);
+    /// Begins with one that isn't typed but given whole; one that is stored by its id is edited so.
+    Outcome<Done> take(WidgetSpec spec, Unsaved unsaved);
     /// In its place; a new one, and where that is asked for any one, in front.
     Outcome<Done> save(bool inFront);
     /// A conflict decided: what was typed shall be saved over the other change; or the stored design is taken.

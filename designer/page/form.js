@@ -159,7 +159,10 @@ function showNotes(warnings) {
     if (note(field) && !refused.has(field)) note(field).textContent = text;
     else if (!note(field)) general.push(text);
   }
-  for (const [field, text] of refused) note(field).textContent = text;
+  for (const [field, text] of refused) {
+    if (note(field)) note(field).textContent = text;
+    else general.push(text);
+  }
   for (const field of Object.keys(texts)) texts[field].setAttribute('aria-invalid', String(refused.has(field)));
   by('warnings').replaceChildren(...general.map((text) => {
     const element = document.createElement('li');

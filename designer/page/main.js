@@ -4,6 +4,7 @@ import { serverEvents } from './events.js';
 import { refreshCountdowns, setUpDesigns, showDesigns } from './designs.js';
 import { setUpForm, showDraft } from './form.js';
 import { idsOnDesktop, refreshDesktop, setUpPlace } from './place.js';
+import { setUpShare } from './share.js';
 import { ask, hush, notice, say } from './talk.js';
 import { fillIn, t } from './words.js';
 
@@ -129,6 +130,19 @@ function run(path, body = {}, done = '') {
   });
 }
 
+// Begins with the design of a JSON text; why it can't, or whether it did.
+async function take(text) {
+  let answer;
+  await exclusively(async () => {
+    await sendWaiting();
+    answer = await request('/api/paste', { text }).catch((error) => {
+      if (!error.status) throw error;
+      return error.message;
+    });
+  });
+  return answer;
+}
+
 async function remove() {
   const { draft } = state;
   const isLost = draft.isNew;
@@ -210,6 +224,11 @@ setUpForm(typed, () => state.draft.record);
 setUpDesigns((id) => run('/api/edit', { id }), (id, to) => run('/api/move', { id, to }, t('moved', { number: to + 1 })), idsOnDesktop);
 setUpButtons();
 setUpPlace({ state: () => state, settled: () => exclusively(sendWaiting), save }, showStored);
+setUpShare({
+  state: () => state,
+  settled: () => exclusively(sendWaiting),
+  take,
+});
 await refresh().catch(fail);
 followServer();
 refreshDesktop();

@@ -3,7 +3,7 @@ import { execFileSync, spawn } from 'node:child_process';
 import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir, userInfo } from 'node:os';
 import { createInterface } from 'node:readline';
-import { join } from 'node:path';
+import { join, resolve } from 'node:path';
 import { chromium } from 'playwright-core';
 
 const flags = ['--headless', '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
@@ -12,14 +12,14 @@ const flags = ['--headless', '--no-sandbox', '--disable-gpu', '--disable-quic', 
 export class Home {
   constructor(build) {
     const { uid, gid } = userInfo();
-    this.build = build;
+    this.build = resolve(build);
     this.folder = mkdtempSync(join(tmpdir(), 'orvel-designer-'));
     this.store = join(this.folder, 'Library', 'Application Support', 'Orvel');
     mkdirSync(this.store, { recursive: true });
     writeFileSync(join(this.folder, 'passwd'), `user:x:${uid}:${gid}::${this.folder}:/bin/sh\n`);
     writeFileSync(join(this.folder, 'group'), `user:x:${gid}:\n`);
     this.environment = {
-      ...process.env, TZ: 'Europe/Berlin', ASAN_OPTIONS: 'verify_asan_link_order=0', LD_PRELOAD: 'libnss_wrapper.so',
+      ...process.env, PATH: `${this.build}:${process.env.PATH}`, TZ: 'Europe/Berlin', ASAN_OPTIONS: 'verify_asan_link_order=0', LD_PRELOAD: 'libnss_wrapper.so',
       NSS_WRAPPER_PASSWD: join(this.folder, 'passwd'), NSS_WRAPPER_GROUP: join(this.folder, 'group'),
       XDG_STATE_HOME: join(this.folder, 'state'), XDG_CONFIG_HOME: join(this.folder, 'config'),
     };
@@ -27,6 +27,12 @@ export class Home {
 
   orvel(...words) {
     return execFileSync(join(this.build, 'orvel'), words, { env: this.environment, maxBuffer: 1 << 26 });
+  }
+
+  // A file of that content; its path.
+  file(name, content) {
+    writeFileSync(join(this.folder, name), content);
+    return join(this.folder, name);
   }
 
   read(name) {

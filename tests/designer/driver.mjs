@@ -47,6 +47,7 @@ export class Driver {
   constructor(home, context, address) {
     this.home = home;
     this.context = context;
+    this.environment = home.environment;
     this.address = address;
     this.strangers = [];
     const { origin } = new URL(address);

@@ -6,6 +6,7 @@ import { readFileSync } from 'node:fs';
 import { Home, openBrowser } from './designer.mjs';
 import { Driver, byRole, eventually, fill, press, tabTo } from './driver.mjs';
 import { placing } from './placing.mjs';
+import { sharing } from './sharing.mjs';
 
 const home = new Home(process.argv[2]);
 const browser = await openBrowser();
@@ -137,7 +138,7 @@ const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); },
 try {
   const page = await open();
   for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt,
-    secondWindow, keyboardAlone, placing, secondCallAndEnd]) {
+    secondWindow, keyboardAlone, placing, sharing, secondCallAndEnd]) {
     await part(page, driver).catch(async (error) => {
       for (const each of driver.context.pages()) console.error(await each.evaluate(() => document.body.innerText));
       throw error;
