@@ -1,9 +1,9 @@
-# What starts the card with a session: a systemd user unit, an autostart entry, and the script that the entry runs.
-# Neither does anything before a person turns it on. The entry is a model that `orvel autostart on` copies.
+# What starts the cards and their feeds with a session: systemd user units, an autostart entry, and the script that the
+# entry runs. None does anything before a person turns it on. The entry is a model that `orvel autostart on` copies.
 
 install(PROGRAMS session/start-card DESTINATION libexec/orvel)
 
-# Both files name programs by full path, which is known when they are installed. systemd looks for users' units in
+# The files name programs by full path, which is known when they are installed. systemd looks for users' units in
 # "share" below /usr, /usr/local and ~/.local alike; in "lib" it wouldn't find those of ~/.local.
 install(CODE "set(orvel_session \"${CMAKE_SOURCE_DIR}/session\")\nset(orvel_made \"${CMAKE_BINARY_DIR}/session\")")
 install(CODE [[
@@ -14,8 +14,10 @@ install(CODE [[
   string(REGEX REPLACE "([\"`$\\])" "\\\\\\1" start_for_exec "${CMAKE_INSTALL_PREFIX}/libexec/orvel/start-card")
   string(REPLACE "%" "%%" start_for_exec "${start_for_exec}")
   string(REPLACE "\\" "\\\\" start_for_exec "\"${start_for_exec}\"")
-  configure_file("${orvel_session}/orvel-widget.service.in" "${orvel_made}/orvel-widget.service" @ONLY)
+  foreach(unit orvel-feeds orvel-widget)
+    configure_file("${orvel_session}/${unit}.service.in" "${orvel_made}/${unit}.service" @ONLY)
+    file(INSTALL "${orvel_made}/${unit}.service" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/systemd/user")
+  endforeach()
   configure_file("${orvel_session}/orvel-widget.desktop.in" "${orvel_made}/orvel-widget.desktop" @ONLY)
-  file(INSTALL "${orvel_made}/orvel-widget.service" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/systemd/user")
   file(INSTALL "${orvel_made}/orvel-widget.desktop" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/orvel")
 ]])

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,6 +23,9 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
+
+// The person's own programs come first.
+constexpr int commandNiceness = 10;
 
 struct Pipe {
     Descriptor out;
@@ -63,6 +67,7 @@ void become(const std::vector<std::string>& command, const std::string& folder, 
     if (nothing < 0 || ::dup2(nothing, STDIN_FILENO) < 0 || ::dup2(output.in.get(), STDOUT_FILENO) < 0 ||
         ::dup2(errors.in.get(), STDERR_FILENO) < 0)
         return;
+    ::setpriority(PRIO_PROCESS, 0, commandNiceness);
     ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
     if (::chdir(folder.c_str()) != 0) return;
     std::vector<char*> words;

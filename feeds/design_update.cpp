@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "authoring/color_names.h"
 #include "authoring/designs.h"
 #include "authoring/new_design.h"
 #include "authoring/references.h"
@@ -53,8 +54,18 @@ Outcome<Done> assignAll(const FeedOutput& output, WidgetSpec& spec, const Platfo
 
 Outcome<Done> makeBehindOthers(const Feed& feed, const FeedOutput& output, const OpenDesigns& designs,
                                const Platform& platform) {
-    WidgetSpec spec = makeDesign({.id = feed.design, .title = feed.name, .kind = likelyKind(output)}, platform).spec;
-    if (const auto assigned = assignAll(output, spec, platform); !assigned) return assigned.failure();
+    WidgetSpec::Fields fields{.id = feed.design, .title = feed.name, .kind = likelyKind(output)};
+    fields.accentHex = accentText("blue");
+    WidgetSpec spec = makeDesign(std::move(fields), platform).spec;
+    FeedOutput first;
+    for (const std::string& text : feed.first) {
+        auto given = assignment(text);
+        if (!given) return given.failure();
+        first.assignments.push_back(*std::move(given));
+    }
+    for (const FeedOutput& each : {first, output})
+        if (const auto assigned = assignAll(each, spec, platform); !assigned) return assigned.failure();
+    spec.id = feed.design;
     Change change;
     change.inserted.push_back({designs.specs.size(), std::move(spec)});
     return save(designs, change, platform);

@@ -17,8 +17,9 @@ struct Feed {
     std::string name;  ///< also a file's name
     Every every = std::chrono::seconds{60};
     std::chrono::seconds timeout = usualTimeout;
-    std::string design;                ///< the id; made at the first success
-    std::vector<std::string> command;  ///< the program and its arguments, for no shell
+    std::string design;                   ///< the id; made at the first success
+    std::vector<std::string> command;     ///< the program and its arguments, for no shell
+    std::vector<std::string> first = {};  ///< what a new design says beside the output: "kind=progress", "title=Disk"
     bool isPaused = false;
     bool pausesOnBattery = false;
     bool whenOnline = false;  ///< waits for a route to other machines

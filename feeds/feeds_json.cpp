@@ -76,7 +76,8 @@ private:
             return timeout || fail("\"timeout\" must be from 1s to 1h, such as \"10s\"", offset);
         }
         if (name == "design") return text(name, value, feed.design);
-        if (name == "command") return command(value, feed.command);
+        if (name == "command") return words(name, value, feed.command);
+        if (name == "first") return words(name, value, feed.first);
         if (name == "paused") return flag(name, value, feed.isPaused);
         if (name == "whenOnline") return flag(name, value, feed.whenOnline);
         if (name == "made") return flag(name, value, feed.isMade);
@@ -103,13 +104,14 @@ private:
         return given.has_value();
     }
 
-    bool command(json::Value& value, std::vector<std::string>& words) {
-        if (value.kind() != json::Kind::array) return fail("\"command\" must be a list of texts", value.offset());
+    bool words(std::string_view name, json::Value& value, std::vector<std::string>& words) {
+        const std::string member = '"' + std::string(name) + '"';
+        if (value.kind() != json::Kind::array) return fail(member + " must be a list of texts", value.offset());
         words.clear();
         return value.elements([&](json::Value& element) {
             const std::size_t offset = element.offset();
-            if (!text("command", element, words.emplace_back())) return false;
-            return words.back().find('\0') == std::string::npos || fail("\"command\" has a zero byte in it", offset);
+            if (!text(name, element, words.emplace_back())) return false;
+            return words.back().find('\0') == std::string::npos || fail(member + " has a zero byte in it", offset);
         });
     }
 
@@ -118,6 +120,12 @@ private:
         return false;
     }
 };
+
+void writeWords(json::Writer& writer, const std::vector<std::string>& words) {
+    writer.beginArray();
+    for (const std::string& word : words) writer.string(word);
+    writer.endArray();
+}
 
 }  // namespace
 
@@ -137,9 +145,8 @@ std::optional<std::string> encode(const std::vector<Feed>& feeds) {
         json::Writer writer;
         writer.beginObject().key("name").string(feed.name).key("every").string(text(feed.every));
         writer.key("timeout").string(text(feed.timeout)).key("design").string(feed.design);
-        writer.key("command").beginArray();
-        for (const std::string& word : feed.command) writer.string(word);
-        writer.endArray();
+        writeWords(writer.key("command"), feed.command);
+        if (!feed.first.empty()) writeWords(writer.key("first"), feed.first);
         if (feed.isPaused) writer.key("paused").boolean(true);
         if (feed.pausesOnBattery) writer.key("onBattery").string("pause");
         if (feed.whenOnline) writer.key("whenOnline").boolean(true);

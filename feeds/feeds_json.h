@@ -1,7 +1,7 @@
 // Feeds to JSON and back: an array of objects such as
 //   {"name":"disk","every":"60s","timeout":"10s","design":"disk","command":["df","--output=pcent","/"]}
-// of which "name", "every" and "command" must be there. "paused", "whenOnline" and "made" are true or false,
-// "onBattery" is "run" or "pause". Other members are ignored.
+// of which "name", "every" and "command" must be there. "first" is a list of assignments such as "title=Disk";
+// "paused", "whenOnline" and "made" are true or false, "onBattery" is "run" or "pause". Other members are ignored.
 #pragma once
 
 #include <string>

@@ -20,6 +20,7 @@ std::ifstream children() {
 }  // namespace
 
 void adoptDescendants() {
+    ::signal(SIGCHLD, SIG_DFL);  // ignored, ends would go untold
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
 }
 

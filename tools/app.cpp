@@ -6,6 +6,7 @@
 #include "tools/design/commands.h"
 #include "tools/desktop/commands.h"
 #include "tools/doctor/commands.h"
+#include "tools/feeds/commands.h"
 #include "tools/store/commands.h"
 
 namespace orvel::tools {
@@ -37,6 +38,7 @@ std::unique_ptr<CLI::App> makeApp(Session& session) {
     addStoreCommands(*app, session);
     addCardCommands(*app, session);
     addDesktopCommands(*app, session);
+    addFeedCommands(*app, session);
     addDesignCommands(*app, session);
     addDoctorCommand(*app, session);
     addHelp(*app, session);

@@ -72,6 +72,16 @@ TEST_F(FeedOf, MakesItsDesignBehindTheOthersAndChangesItInItsPlace) {
     EXPECT_EQ(WidgetStore::load(machine.platform).size(), 1U);
 }
 
+TEST_F(FeedOf, AddsToANewDesignWhatItWasGiven) {
+    configure(feed = {.name = "disk", .design = "disk", .command = {"true"}, .first = {"kind=progress", "title=Disk"}});
+    EXPECT_EQ(update("38%"), "");
+    EXPECT_EQ(design().title, "Disk");
+    EXPECT_EQ(design().progress, 0.38);
+    edit([](WidgetSpec& spec) { spec.title = "Mine"; });
+    EXPECT_EQ(update("39%"), "");
+    EXPECT_EQ(design().title, "Mine") << "only a new one";
+}
+
 TEST_F(FeedOf, UnderstandsWhatCommandsPrint) {
     struct Row {
         const char* output;

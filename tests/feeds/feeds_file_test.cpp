@@ -18,6 +18,7 @@ TEST(FeedsJSON, KeepsEveryMember) {
          .timeout = std::chrono::seconds(90),
          .design = "A\"B",
          .command = {"sh", "-c", "echo $1\n"},
+         .first = {"kind=note"},
          .isPaused = true,
          .pausesOnBattery = true,
          .whenOnline = true,

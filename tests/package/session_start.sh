@@ -35,6 +35,7 @@ has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }
 has "$entry" "Exec=sh \"$work/a b\\\\\$c%%d/libexec/orvel/start-card\""
 has "$entry" "TryExec=$work/a b\$c%d/bin/orvel"
 has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" desktop"
+has "${unit%widget.service}feeds.service" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" feeds"
 script=$prefix/libexec/orvel/start-card
 program=$prefix/bin/orvel
 if command -v desktop-file-validate > /dev/null; then
@@ -60,6 +61,8 @@ on" ] || fail "$said"
 cat > "$program" <<'SH'
 #!/bin/sh
 echo "card $*" >> "$calls"
+# The session lasts until both have been started.
+[ "$* ${both:-}" != "desktop yes" ] || until grep -q feeds "$calls"; do sleep 0.1; done
 SH
 chmod +x "$work/bin/systemctl" "$program"
 export calls="$work/calls"
@@ -68,10 +71,16 @@ started() { # with that PATH and that answer of systemctl
     PATH=$1 answer=$2 /bin/sh "$script"
     grep -v import-environment "$calls" || true
 }
-[ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start orvel-widget.service" ] || fail "two cards: $(cat "$calls")"
+units="orvel-feeds.service orvel-widget.service"
+[ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start $units" ] || fail "two cards: $(cat "$calls")"
 grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the unit isn't told of the display"
 [ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = "card desktop" ] || fail "no card where systemd doesn't know the unit"
 [ "$(started "$work/none" 0)" = "card desktop" ] || fail "no card without systemd"
+mkdir -p "$work/settings/orvel"
+touch "$work/settings/orvel/feeds.json"
+export both=yes
+XDG_CONFIG_HOME=$work/settings started "$PATH" 5 > "$work/both"
+[ "$(sort "$work/both" | paste -sd,)" = "card desktop,card feeds" ] || fail "no feeds without systemd: $(cat "$work/both")"
 
 mv "$program.moved" "$program"
 env NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0 \

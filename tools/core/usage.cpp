@@ -82,6 +82,7 @@ public:
 std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
     const CLI::App& command = called(app);
     auto extras = command.remaining();
+    std::erase(extras, "--");
     // An option that isn't known is why another one seems to be missing.
     const bool isMistyped = !extras.empty() && extras.front().starts_with('-');
     const std::string what = isMistyped || is<CLI::ExtrasError>(error)

@@ -7,8 +7,12 @@
 #include "authoring/designs.h"
 #include "authoring/warnings.h"
 #include "desktop/places.h"
+#include "feeds/feeds.h"
+#include "feeds/service.h"
+#include "feeds/status.h"
 #include "model/store_files.h"
 #include "platform/foundation/installation.h"
+#include "platform/foundation/sole_process.h"
 #include "platform/foundation/text_list.h"
 #include "platform/host/renderer_module.h"
 #include "platform/window/open_window_system.h"
@@ -90,6 +94,21 @@ Finding places(const Platform& platform) {
             "orvel place shows which; store the design, or orvel unplace it"};
 }
 
+Finding feeds(const Platform& platform) {
+    const auto feeds = readFeeds(platform);
+    if (!feeds) return {problem, feeds.failure().reason, "mend it there"};
+    if (feeds->empty()) return {good, "none"};
+    const std::string count = std::to_string(feeds->size()) + (feeds->size() == 1 ? " feed" : " feeds");
+    const auto service = findSole(FeedService::lockName);
+    if (!service)
+        return {note, count + ", and nothing serves them", "orvel feeds, or orvel autostart on for each session"};
+    const FeedStatuses statuses = Statuses::read(platform);
+    for (const Feed& feed : *feeds)
+        if (const auto found = statuses.find(feed.name); found != statuses.end() && found->second.failure)
+            return {note, count + "; " + feed.name + ": " + *found->second.failure, "orvel feed list shows them all"};
+    return {good, count + ", served by process " + service->number};
+}
+
 Finding atStart(const Platform& platform) {
     const auto state = autostart(platform);
     if (!state) return {problem, state.failure().reason, "make that readable"};
@@ -99,8 +118,10 @@ Finding atStart(const Platform& platform) {
 }
 
 constexpr std::array all{
-    Check{"session", session}, Check{"layer shell", layerShell}, Check{"renderer", renderer}, Check{"fonts", fonts},
-    Check{"store", store},     Check{"places", places},          Check{"autostart", atStart},
+    Check{"session", session},   Check{"layer shell", layerShell},
+    Check{"renderer", renderer}, Check{"fonts", fonts},
+    Check{"store", store},       Check{"places", places},
+    Check{"feeds", feeds},       Check{"autostart", atStart},
 };
 
 }  // namespace

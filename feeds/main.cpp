@@ -1,0 +1,43 @@
+// The program of `orvel feeds`: serves a person's feeds until it is ended. It stays small, and apart from all that
+// draws.
+#include <clocale>
+#include <csignal>
+#include <exception>
+#include <iostream>
+
+#include "feeds/service.h"
+#include "platform/events/ending_signals.h"
+#include "platform/foundation/sole_process.h"
+#include "platform/foundation/unicode.h"
+
+namespace orvel {
+namespace {
+
+void say(const std::string& sentence) {
+    std::cerr << "orvel: " << unicode::onOneLine(sentence) << std::endl;
+}
+
+void serve(const Platform& platform) {
+    const auto sole = becomeSole(FeedService::lockName);
+    if (const auto* const other = std::get_if<OtherProcess>(&sole))
+        return say("your feeds are served already, by process " + other->number);
+    ::signal(SIGCHLD, SIG_DFL);
+    ::signal(SIGPIPE, SIG_IGN);
+    const Descriptor ending = openEndingSignals();
+    EventLoop loop;
+    const auto ended = loop.watch(ending.get(), [&] { loop.stop(); });
+    const FeedService service(loop, platform, say);
+    loop.run();
+}
+
+}  // namespace
+}  // namespace orvel
+
+int main() try {
+    std::setlocale(LC_MESSAGES, "");
+    orvel::serve(orvel::Platform::system());
+    return 0;
+} catch (const std::exception& error) {
+    orvel::say(error.what());
+    return 1;
+}

@@ -1,0 +1,86 @@
+#include "tools/feeds/list.h"
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "feeds/feeds.h"
+#include "feeds/feeds_json.h"
+#include "feeds/service.h"
+#include "feeds/status.h"
+#include "platform/foundation/json_writer.h"
+#include "platform/foundation/iso8601.h"
+#include "platform/foundation/sole_process.h"
+#include "platform/foundation/unicode.h"
+#include "tools/core/input_output.h"
+#include "tools/core/terminal.h"
+
+namespace orvel::tools {
+namespace {
+
+// "2026-01-31T14:02:11", as the local clocks show it.
+std::string local(Date date, const Platform& platform) {
+    using namespace std::chrono;
+    const sys_seconds instant{seconds{static_cast<long long>(date.unixTime())}};
+    const auto offset = platform.timeZone.utcOffset(instant).value_or(seconds{0});
+    return iso8601::format(date.addingTimeInterval(static_cast<double>(offset.count()))).substr(0, 19);
+}
+
+// The time, and the day if it isn't today.
+std::string when(const std::optional<Date>& date, const Platform& platform) {
+    if (!date) return "-";
+    const std::string text = local(*date, platform);
+    const std::string today = local(platform.clock.now(), platform).substr(0, 10);
+    return text.starts_with(today) ? text.substr(11) : text.substr(0, 10) + " " + text.substr(11, 5);
+}
+
+std::string took(const FeedStatus& status) {
+    if (!status.last) return "-";
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f s", status.seconds);
+    return text;
+}
+
+std::string result(const FeedStatus& status) {
+    if (!status.last) return "not run yet";
+    if (!status.failure) return "good";
+    const std::string times = status.failures > 1 ? std::to_string(status.failures) + " times: " : "";
+    return times + unicode::onOneLine(*status.failure);
+}
+
+void printTable(const std::vector<Feed>& feeds, const FeedStatuses& statuses, bool isServed, const Platform& platform,
+                Console& console) {
+    std::vector<std::vector<std::string>> rows{{"NAME", "EVERY", "LAST", "TOOK", "NEXT", "RESULT"}};
+    for (const Feed& feed : feeds) {
+        const auto found = statuses.find(feed.name);
+        const FeedStatus status = found == statuses.end() ? FeedStatus() : found->second;
+        const std::string next = feed.isPaused ? "paused" : isServed ? when(status.next, platform) : "-";
+        rows.push_back({unicode::onOneLine(feed.name), text(feed.every), when(status.last, platform), took(status),
+                        next, result(status)});
+    }
+    printColumns(rows, console);
+}
+
+}  // namespace
+
+Outcome<Done> listFeeds(FeedsForm form, const Platform& platform, Console& console) {
+    const auto feeds = readFeeds(platform);
+    if (!feeds) return feeds.failure();
+    const FeedStatuses statuses = Statuses::read(platform);
+    const bool isServed = findSole(FeedService::lockName).has_value();
+    if (form == FeedsForm::json) {
+        json::Writer writer;
+        writer.beginObject().key("served").boolean(isServed);
+        writer.key("feeds").raw(FeedsJSON::encode(*feeds).value_or("[]"));
+        return printJson(writer.key("status").raw(Statuses::text(statuses)).endObject().finish(), "a feed", console);
+    }
+    if (feeds->empty()) {
+        console.out << "there are no feeds yet; orvel feed new offers some\n";
+        return Done{};
+    }
+    printTable(*feeds, statuses, isServed, platform, console);
+    if (!isServed) say("nothing serves them now; orvel feeds does", console);
+    return Done{};
+}
+
+}  // namespace orvel::tools
