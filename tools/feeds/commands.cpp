@@ -6,20 +6,22 @@
 #include "tools/core/shared_options.h"
 #include "tools/feeds/feed.h"
 #include "tools/feeds/list.h"
+#include "tools/feeds/new.h"
 
 namespace orvel::tools {
 namespace {
 
-void addEvery(CLI::App& command, Feed& feed) {
-    const auto every = [&feed](const std::string& text) {
+template <class Value>
+CLI::Option* addEvery(CLI::App& command, Value& value, const std::string& usual = {}) {
+    const auto every = [&value](const std::string& text) {
         const auto given = everyText(text);
         if (!given) throw CLI::ValidationError("--every", given.failure().reason);
-        feed.every = *given;
+        value = *given;
     };
-    command
-        .add_option_function<std::string>("--every", every, "How often: 60s, 5m, 2h, 1d, or at a time such as 07:30")
-        ->type_name("TIME")
-        ->required();
+    return command
+        .add_option_function<std::string>("--every", every,
+                                          "How often: 60s, 5m, 2h, 1d, or at a time such as 07:30" + usual)
+        ->type_name("TIME");
 }
 
 void addTimeout(CLI::App& command, Feed& feed) {
@@ -52,7 +54,7 @@ void addAdd(CLI::App& parent, Session& session) {
     command.add_option("command", feed->command, "Behind \"--\": a program and its arguments, run without a shell")
         ->required()
         ->type_name("PROGRAM");
-    addEvery(command, *feed);
+    addEvery(command, feed->every)->required();
     addCircumstances(command, *feed);
     command.add_option("--first", feed->first, "What the new design says beside the output, such as title=Disk")
         ->expected(1)
@@ -66,6 +68,20 @@ void addAdd(CLI::App& parent, Session& session) {
         };
     });
     addExample(command, "orvel feed add users --every 60s -- sh -c \"who | wc -l\"");
+}
+
+void addNew(CLI::App& parent, Session& session) {
+    const auto wanted = std::make_shared<NewFeed>();
+    CLI::App& command =
+        *parent.add_subcommand("new", "Add a feed from a template and run it once, or list the templates");
+    command.add_option("template", wanted->source, "Such as disk (default: list them)")->type_name("TEMPLATE");
+    command.add_option("arguments", wanted->arguments, "What the template wants to know, such as a folder")
+        ->type_name("ARGUMENT");
+    command.add_option("--name", wanted->feed.name, "What to call it (default: as the template)")->type_name("NAME");
+    addEvery(command, wanted->every, " (default: the template's)");
+    addCircumstances(command, wanted->feed);
+    runs(command, session, wanted, newFeed);
+    addExample(command, "orvel feed new disk /home --name home");
 }
 
 void addList(CLI::App& parent, Session& session) {
@@ -96,6 +112,7 @@ void addFeed(CLI::App& app, Session& session) {
         };
     });
     addAdd(command, session);
+    addNew(command, session);
     addList(command, session);
     addNamed(command, session, "run", "Run a feed once, and show what its command prints", runFeedOnce);
     addNamed(command, session, "pause", "Don't run a feed until it is resumed",

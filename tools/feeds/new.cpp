@@ -1,0 +1,104 @@
+#include "tools/feeds/new.h"
+
+#include <algorithm>
+
+#include "feeds/feeds.h"
+#include "feeds/run.h"
+#include "feeds/templates.h"
+#include "platform/foundation/installation.h"
+#include "platform/foundation/nearest_word.h"
+#include "platform/foundation/unicode.h"
+#include "tools/core/terminal.h"
+#include "tools/feeds/feed.h"
+
+namespace orvel::tools {
+namespace {
+
+std::vector<std::string> words(std::string_view text, char between) {
+    std::vector<std::string> result;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(between, start), text.size());
+        result.emplace_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return result;
+}
+
+// Beside the command where it is built.
+std::filesystem::path script(const FeedTemplate& source) {
+    std::error_code code;
+    const auto beside = installedPrograms() / "feed-templates" / source.name;
+    return std::filesystem::exists(beside, code) ? beside : installedData() / "orvel" / "feeds" / source.name;
+}
+
+void listTemplates(Console& console) {
+    std::vector<std::vector<std::string>> rows{{"TEMPLATE", "ARGUMENTS", "NEEDS", "SHOWS"}};
+    for (const FeedTemplate& each : feedTemplates)
+        rows.push_back(
+            {std::string(each.name), std::string(each.arguments), std::string(each.needs), std::string(each.help)});
+    printColumns(rows, console);
+}
+
+Outcome<const FeedTemplate*> findTemplate(const std::string& name) {
+    std::vector<std::string_view> names;
+    for (const FeedTemplate& each : feedTemplates) {
+        if (each.name == name) return &each;
+        names.push_back(each.name);
+    }
+    std::string hint = didYouMean(name, names);
+    if (hint.empty()) hint = "; orvel feed new lists them";
+    return Failure{"no template is called \"" + unicode::onOneLine(name) + '"' + hint, Failure::Cause::request};
+}
+
+Outcome<Done> checkArguments(const FeedTemplate& source, const std::vector<std::string>& given) {
+    const auto wanted = words(source.arguments, ' ');
+    const auto isNeeded = [](const std::string& word) { return !word.starts_with('['); };
+    const auto least = static_cast<std::size_t>(std::count_if(wanted.begin(), wanted.end(), isNeeded));
+    if (given.size() >= least) return Done{};
+    const std::string name(source.name);
+    return Failure{name + " needs " + std::string(source.arguments) + ": orvel feed new " + name + " " +
+                       std::string(source.arguments),
+                   Failure::Cause::request};
+}
+
+Feed feedOf(const FeedTemplate& source, const NewFeed& wanted) {
+    Feed feed = wanted.feed;
+    if (feed.name.empty()) feed.name = source.name;
+    if (feed.design.empty()) feed.design = feed.name;
+    feed.every = wanted.every ? *wanted.every : *everyText(std::string(source.every));
+    feed.first = words(source.first, ';');
+    feed.whenOnline = feed.whenOnline || source.whenOnline;
+    feed.pausesOnBattery = feed.pausesOnBattery || source.pausesOnBattery;
+    feed.command = {script(source)};
+    for (const std::string& argument : wanted.arguments) {
+        // A file or folder is found from wherever it runs.
+        std::error_code code;
+        const bool isPath = std::filesystem::exists(argument, code);
+        feed.command.push_back(isPath ? std::filesystem::absolute(argument).lexically_normal().string() : argument);
+    }
+    return feed;
+}
+
+}  // namespace
+
+Outcome<Done> newFeed(const NewFeed& wanted, const Platform& platform, Console& console) {
+    if (wanted.source.empty()) {
+        listTemplates(console);
+        return Done{};
+    }
+    const auto source = findTemplate(wanted.source);
+    if (!source) return source.failure();
+    if (const auto checked = checkArguments(**source, wanted.arguments); !checked) return checked.failure();
+    const Feed feed = feedOf(**source, wanted);
+    const auto feeds = readFeeds(platform);
+    if (feeds && std::ranges::find(*feeds, feed.name, &Feed::name) != feeds->end())
+        return Failure{"there is a feed called \"" + unicode::onOneLine(feed.name) +
+                       "\"; --name gives this one another"};
+    if (const auto added = addFeed(feed, platform, console); !added) return added.failure();
+    const FeedRun run = runFeed(feed, platform);
+    if (run.failure && !run.isSkipped)
+        warn(feed.name + " is added, but its first run failed: " + *run.failure, console);
+    return Done{};
+}
+
+}  // namespace orvel::tools
