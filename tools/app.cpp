@@ -30,8 +30,8 @@ void addHelp(CLI::App& app, Session& session) {
 }  // namespace
 
 std::unique_ptr<CLI::App> makeApp(Session& session) {
-    auto app = std::make_unique<CLI::App>("Small cards for the desktop: draws and explains the designs in your store.",
-                                          "orvel");
+    auto app =
+        std::make_unique<CLI::App>("Keeps your designs, draws them, and shows them as cards on the desktop.", "orvel");
     app->require_subcommand(0, 1);
     app->formatter(helpFormatter());
     app->set_version_flag("-V,--version", "orvel " ORVEL_VERSION, "Print the version");

@@ -36,5 +36,26 @@ TEST(Documentation, EscapesWhatItsReadersWouldTake) {
     for (const auto& [document, part] : cases) EXPECT_NE(document.find(part), std::string::npos) << part << document;
 }
 
+TEST(Documentation, MakesAManualPageOfADocument) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"# Title\n\nOne *two*\n  `th-ree`.\n", "\n.SH \"DESCRIPTION\"\nOne \\fItwo\\fR \\fBth\\-ree\\fR\\&.\n.SH"},
+        {"a\n\n.b\n", "DESCRIPTION\"\na\n.PP\n\\&.b\n"},
+        {"## One *more*\ntext\n### Below\n- a\n  b\n- c\n",
+         "\n.SH \"ONE *MORE*\"\ntext\n.SS \"Below\"\n.IP \\(bu 2\na b\n.IP \\(bu 2\nc\n"},
+        {"10. ten\n1. one\n", ".IP 10. 4\nten\n.IP 1. 4\none\n"},
+        {"[the `store`](store.md#here) and [1] (2)\n", "\nthe \\fBstore\\fR and [1] (2)\n"},
+        {"2 * 3, `open and *shut\n", "\n2 * 3, \\(gaopen and *shut\n"},
+        {"```sh\n- 'a'\n\n```\nb\n", ".RS 4\n.nf\n\\- \\(aqa\\(aq\n\n.fi\n.RE\n.PP\nb\n"},
+        {"    code\ntext\n", ".nf\ncode\n.fi\n.RE\n.PP\ntext\n"},
+        {"| a | | |\n|---|---|---|\n| `x` | number | *y* |\n", "\n.TP\n\\fBx\\fR (number)\n\\fIy\\fR\n.SH"},
+        {"| a | |\n|---|---|\n| x | y |\nafter\n", "\n.TP\nx\ny\n.PP\nafter\n"},
+        {"", ".TH \"NAME\" 5 \"\" \"1.2\" \"File Formats\"\n.SH \"NAME\"\nname \\- what it is\n.SH"},
+    };
+    for (const auto& [document, part] : cases) {
+        const std::string page = manualPage({"name", 5, "1.2", "what it is"}, document);
+        EXPECT_NE(page.find(part), std::string::npos) << document << page;
+    }
+}
+
 }  // namespace
 }  // namespace orvel::tools

@@ -44,14 +44,22 @@ touch card.json
 cmp -n 24 gallery.png "$here/../../docs/gallery.png" ||
     fail "docs/gallery.png isn't the gallery; make it with: orvel gallery -o docs/gallery.png"
 
-# --- The manual page
-grep -qP '[^\x00-\x7F]' "$documents/orvel.1" && fail "the page isn't plain ASCII"
-requests=$(grep "^[.']" "$documents/orvel.1" | grep -vE '^\.(TH|SH|SS|TP|PP|br)( |$)' || true)
-expect "other requests in the page" "$requests" ""
+# --- The manual pages
+for page in orvel.1 orvel.5; do
+    grep -qP '[^\x00-\x7F]' "$documents/$page" && fail "$page isn't plain ASCII"
+    requests=$(grep "^[.']" "$documents/$page" | grep -vE '^\.(TH|SH|SS|TP|PP|IP|RS|RE|nf|fi|br)( |$)' || true)
+    expect "other requests in $page" "$requests" ""
+    if has mandoc; then
+        expect "mandoc of $page" "$(mandoc -T lint -W warning "$documents/$page" | grep -v 'missing date' || true)" ""
+    fi
+done
+for example in $(sed -n 's/^For example: orvel \([a-z]*\) .*/\1/p' < <("$build/orvel" help set; "$build/orvel" help place)); do
+    grep -q "^orvel $example " "$documents/orvel.1" || fail "the page lacks the example of orvel $example"
+done
 sed -E 's/\\f[BIR]//g; s/\\-/-/g' "$documents/orvel.1" > page
 for path in "${!options[@]}"; do
     heading=".SS \"$path\""
-    [ "$path" = orvel ] && heading=".SH OPTIONS"
+    [ "$path" = orvel ] && heading=".SH \"OPTIONS\""
     section=$(awk -v heading="$heading" '/^\.S[HS]/ { inside = $0 == heading } inside' page)
     [ -n "$section" ] || fail "the page has no section for $path"
     found=$(grep -A1 '^\.TP' <<< "$section" | grep -oE '^(-[a-zA-Z], )?--[a-z-]+' | sed 's/.*--/--/' | oneLine || true)
@@ -60,9 +68,6 @@ for path in "${!options[@]}"; do
     [ "$path" = orvel ] || expected=$(tr ' ' '\n' <<< "$expected" | { grep -vx -e --help || true; } | oneLine)
     expect "options of $path in the page" "$found" "$expected"
 done
-if has mandoc; then
-    expect "mandoc" "$(mandoc -T lint -W warning "$documents/orvel.1" | grep -v 'missing date' || true)" ""
-fi
 
 # --- bash, with what it would tell the function
 source "$documents/orvel.bash"
@@ -161,6 +166,6 @@ fi
 
 [ ! -e evil ] || fail "an id was evaluated"
 mkdir again
-"$build/tools/documentation/orvel_documentation" again
+"$build/tools/documentation/orvel_documentation" "$here/../../docs" again
 diff -r "$documents" again || fail "another run writes other texts"
 echo "manual page and completions: all well"

@@ -17,6 +17,7 @@ void addDesignCommands(CLI::App& app, Session& session) {
         ->type_name("N")
         ->check(numberWithin(1, 65535));
     runs(command, session, choices, design);
+    addExample(command, "orvel design @2");
 }
 
 }  // namespace orvel::tools

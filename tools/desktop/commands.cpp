@@ -70,6 +70,7 @@ void addDesktop(CLI::App& app, Session& session) {
     runs(command, session,
          addPlaceOptions(command, "Only this design: an id, or a position such as @2 (default: all that have a place)"),
          desktop);
+    addExample(command, "orvel desktop @2 --family medium --anchor left");
 }
 
 void addPlace(CLI::App& app, Session& session) {
@@ -84,6 +85,7 @@ void addPlace(CLI::App& app, Session& session) {
             return place(*choices, platform, session.console);
         };
     });
+    addExample(command, "orvel place @1 --anchor bottom-right --output all");
 }
 
 void addUnplace(CLI::App& app, Session& session) {
@@ -93,6 +95,7 @@ void addUnplace(CLI::App& app, Session& session) {
         ->required()
         ->type_name("ID");
     runs(command, session, reference, unplace);
+    addExample(command, "orvel unplace @1");
 }
 
 void addOutputs(CLI::App& app, Session& session) {

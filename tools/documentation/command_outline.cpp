@@ -87,10 +87,18 @@ ArgumentOutline argument(const CLI::Option& option) {
     return result;
 }
 
+// What addExample put below the help.
+std::string exampleOf(const CLI::App& app) {
+    const std::string footer = app.get_footer();
+    constexpr std::string_view introduction = "For example: ";
+    return footer.starts_with(introduction) ? footer.substr(introduction.size()) : "";
+}
+
 CommandOutline outline(const CLI::App& app, std::vector<std::string> path) {
     path.push_back(app.get_name());
     CommandOutline command;
     command.help = app.get_description();
+    command.example = exampleOf(app);
     for (const CLI::Option* const option : app.get_options()) {
         if (option->get_group().empty()) continue;
         (option->nonpositional() ? command.options : command.positionals).push_back(argument(*option));

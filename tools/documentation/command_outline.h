@@ -36,6 +36,7 @@ struct ArgumentOutline {
 struct CommandOutline {
     std::vector<std::string> path;  ///< such as "orvel", "pending", "set"
     std::string help;
+    std::string example;  ///< a line that calls it; empty when there is none
     std::vector<ArgumentOutline> options;
     std::vector<ArgumentOutline> positionals;
     std::vector<CommandOutline> subcommands;

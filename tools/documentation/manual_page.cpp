@@ -1,69 +1,79 @@
 #include <algorithm>
 #include <CLI/CLI.hpp>
-#include <cstdio>
+#include <span>
 
 #include "platform/foundation/unicode.h"
 #include "tools/documentation/command_outline.h"
 #include "tools/documentation/documentation.h"
+#include "tools/documentation/roff.h"
 
 namespace orvel::tools {
 namespace {
 
-// Takes the first character, of one byte or several, off a valid text.
-char32_t takeCharacter(std::string_view& text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const std::size_t length = byte(0) < 0x80 ? 1 : byte(0) < 0xE0 ? 2 : byte(0) < 0xF0 ? 3 : 4;
-    char32_t character = length == 1 ? byte(0) : byte(0) & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) character = character << 6 | (byte(i) & 0x3FU);
-    text.remove_prefix(length);
-    return character;
-}
+using roff::bold;
+using roff::entry;
+using roff::escaped;
+using roff::italic;
+using roff::section;
 
-// As it stands on the page: what roff would take for a request, or typeset as another character, is written by name.
-std::string escaped(std::string_view text) {
-    std::string result;
-    while (!text.empty()) {
-        const char32_t character = takeCharacter(text);
-        switch (character) {
-            case '\\': result += "\\(rs"; break;
-            case '-': result += "\\-"; break;
-            case '\'': result += "\\(aq"; break;
-            case '"': result += "\\(dq"; break;
-            case '`': result += "\\(ga"; break;
-            case '^': result += "\\(ha"; break;
-            case '~': result += "\\(ti"; break;
-            case '.': result += result.empty() ? "\\&." : "."; break;
-            default:
-                if (character < 0x80) {
-                    result += static_cast<char>(character);
-                } else {
-                    char name[16];
-                    std::snprintf(name, sizeof name, "\\[u%04X]", static_cast<unsigned>(character));
-                    result += name;
-                }
-        }
-    }
-    return result;
-}
+struct Explained {
+    const char* name;
+    const char* meaning;
+};
 
-std::string bold(std::string_view text) {
-    return "\\fB" + escaped(text) + "\\fR";
-}
+constexpr const char* description[] = {
+    "Cards show a number, a ring that fills up, a short list, a note or the time until a date, on the desktop below "
+    "the "
+    "windows. What a card shows is a design. orvel keeps a person's designs, draws them, and shows them on the "
+    "desktop.",
+    "A design is named by its id, by any beginning that only one id has, or by its position: @1 is the first one, "
+    "which "
+    "the desktop shows while no design has a place (see orvel place).",
+    "Commands that change the designs wait for one another, so concurrent ones are safe.",
+};
 
-std::string italic(std::string_view text) {
-    return "\\fI" + escaped(text) + "\\fR";
-}
+constexpr Explained firstExamples[] = {
+    {"orvel add --kind metric --title \"Active users\" --primary 42\norvel desktop",
+     "Store a first design, and show it on the desktop:"},
+    {"orvel add --keep-place --id disk --kind progress --title Disk \\\n"
+     "    --progress \"$(df --output=pcent / | tail -1)\"",
+     "Keep a card up to date from a script that runs now and then:"},
+};
+
+constexpr Explained environment[] = {
+    {"VISUAL, EDITOR", "The text editor that orvel edit opens; else it is vi."},
+    {"WAYLAND_DISPLAY, DISPLAY", "Where the desktop is."},
+    {"XDG_CONFIG_HOME, XDG_STATE_HOME",
+     "Folders for places and for the history; else they are ~/.config and "
+     "~/.local/state."},
+    {"LC_ALL, LC_MESSAGES, LANG, LANGUAGE", "The language of the cards."},
+};
+
+constexpr Explained files[] = {
+    {"~/Library/Application Support/Orvel/widgets.json",
+     "The designs, below the home directory that the user database gives. orvel(5) describes them."},
+    {"~/Library/Application Support/Orvel/widgets.json.invalid-*",
+     "Lists that didn't load, each kept before another one took its place; orvel restore lists them."},
+    {"~/Library/Application Support/Orvel/widgets.json.replaced-*",
+     "Lists in whose place an earlier one was brought back."},
+    {"~/Library/Application Support/Orvel/widget_pending.json", "The one design that is kept beside the list."},
+    {"~/.config/orvel/places.json", "Which designs have a place on the desktop, and where."},
+    {"~/.local/state/orvel/history", "The last changes, for orvel undo."},
+};
+
+constexpr Explained exitStatus[] = {
+    {"0", "Done."},
+    {"1",
+     "Something failed; one line on standard error says what and where. When the designs don't load, show, render, "
+     "inspect and timeline still do their work, on the card that the desktop shows meanwhile."},
+    {"2", "The command was called wrongly; one line on standard error says how."},
+    {"3",
+     "The change is made, but a loss of power may undo it, or its answer can't be printed; one line on standard error "
+     "says which and why."},
+};
 
 std::string sentence(const std::string& text) {
-    return escaped(text) + (text.ends_with('.') || text.ends_with("…") ? "\n" : ".\n");
-}
-
-std::string section(std::string_view name) {
-    return ".SH " + std::string(name) + "\n";
-}
-
-std::string entry(const std::string& heading, const std::string& text) {
-    return ".TP\n" + heading + "\n" + text;
+    return escaped(text) + (text.ends_with('.') || text.ends_with("…") ? "" : ".");
 }
 
 bool isHelp(const ArgumentOutline& option) {
@@ -80,7 +90,7 @@ std::string usage(const CommandOutline& command) {
     return line + "\n";
 }
 
-std::string entry(const ArgumentOutline& argument, bool isOption) {
+std::string argument(const ArgumentOutline& argument, bool isOption) {
     std::string heading;
     for (const auto& name : argument.names)
         heading += (heading.empty() ? "" : ", ") + (isOption ? bold(name) : italic(name));
@@ -91,11 +101,30 @@ std::string entry(const ArgumentOutline& argument, bool isOption) {
 }
 
 std::string commandSection(const CommandOutline& command) {
-    std::string text = ".SS \"" + escaped(joined(command.path, " ")) + "\"\n" + sentence(command.help);
+    std::string text = roff::subsection(joined(command.path, " ")) + sentence(command.help) + "\n";
     if (!command.options.empty() || !command.positionals.empty()) text += ".PP\n" + usage(command);
-    for (const auto& positional : command.positionals) text += entry(positional, false);
+    for (const auto& positional : command.positionals) text += argument(positional, false);
     for (const auto& option : command.options)
-        if (!isHelp(option)) text += entry(option, true);
+        if (!isHelp(option)) text += argument(option, true);
+    return text;
+}
+
+std::string entries(std::string_view name, std::span<const Explained> explained,
+                    std::string (*typeface)(std::string_view)) {
+    std::string text = section(name);
+    for (const auto& [heading, meaning] : explained) text += entry(typeface(heading), escaped(meaning));
+    return text;
+}
+
+std::string example(const std::string& what, std::string_view lines) {
+    return roff::paragraph(escaped(what)) + roff::verbatim(lines);
+}
+
+std::string examples(const std::vector<const CommandOutline*>& commands) {
+    std::string text = section("EXAMPLES");
+    for (const auto& [lines, what] : firstExamples) text += example(what, lines);
+    for (const CommandOutline* const each : commands)
+        if (!each->example.empty()) text += example(each->help + ":", each->example);
     return text;
 }
 
@@ -104,13 +133,9 @@ std::string commandSection(const CommandOutline& command) {
 std::string manualPage(const CLI::App& app) {
     const CommandOutline command = outline(app);
     const std::string& name = command.path.front();
-    const std::string version = app.version();
-    // A date would differ from build to build; the version says how old the page is.
-    std::string page =
-        ".TH \"" + escaped(unicode::uppercased(name)) + "\" 1 \"\" \"" + escaped(version) + "\" \"User Commands\"\n";
     const bool endsInStop = command.help.ends_with('.');
-    page += section("NAME") + escaped(name) + " \\- " +
-            escaped(command.help.substr(0, command.help.size() - endsInStop)) + "\n";
+    std::string page =
+        roff::title(name, 1, app.version(), "User Commands", command.help.substr(0, command.help.size() - endsInStop));
 
     const auto commands = everyCommand(command);
     page += section("SYNOPSIS");
@@ -118,38 +143,20 @@ std::string manualPage(const CLI::App& app) {
     for (const CommandOutline* const each : commands)
         if (each != &command) usages.push_back(usage(*each));
     page += joined(usages, ".br\n");
+    page += section("DESCRIPTION");
+    for (const char* const text : description) page += roff::paragraph(escaped(text));
     page += section("OPTIONS");
-    for (const auto& option : command.options) page += entry(option, true);
+    for (const auto& option : command.options) page += argument(option, true);
     page += section("COMMANDS") + "Each command has " + bold("--help") + ", too.\n";
     for (const CommandOutline* const each : commands)
         if (each != &command) page += commandSection(*each);
 
-    page += section("EXIT STATUS");
-    page += entry(bold("0"), "Done.\n");
-    page += entry(
-        bold("1"),
-        "Something failed; one line on standard error says what and where. When the designs don\\(aqt load, show, "
-        "render, inspect and timeline do their work on the empty state, too.\n");
-    page += entry(bold("2"), "The command was called wrongly; one line on standard error says how.\n");
-    page += entry(bold("3"),
-                  "The change is made, but a loss of power may undo it, or its answer can\\(aqt be printed; one line "
-                  "on standard error says "
-                  "which and why.\n");
-    page += section("FILES");
-    page += entry(italic("~/Library/Application Support/Orvel/widgets.json"),
-                  "The designs, in the home directory that the user database gives. The first one is shown.\n");
-    page +=
-        entry(italic("~/Library/Application Support/Orvel/widgets.json.invalid-*"),
-              "Lists that didn\\(aqt load, each kept before another one took its place; orvel restore lists them.\n");
-    page += entry(italic("~/Library/Application Support/Orvel/widgets.json.replaced-*"),
-                  "Lists in whose place an earlier one was brought back.\n");
-    page += entry(italic("~/Library/Application Support/Orvel/widget_pending.json"),
-                  "The one design that is kept beside the list.\n");
-    page += entry(italic("$XDG_STATE_HOME/orvel/history"),
-                  "The last changes, for orvel undo; below ~/.local/state when XDG_STATE_HOME isn\\(aqt set.\n");
-    page += section("ENVIRONMENT");
-    page += entry(bold("VISUAL") + ", " + bold("EDITOR"), "The text editor that orvel edit opens; else it is vi.\n");
-    return page;
+    page += entries("ENVIRONMENT", environment, bold);
+    page += entries("FILES", files, italic);
+    page += entries("EXIT STATUS", exitStatus, bold);
+    page += examples(commands);
+    page += section("SEE ALSO") + bold("orvel") + "(5), " + bold("orvel-widget") + "(1)\n";
+    return roff::withoutEmptyParagraphs(page);
 }
 
 }  // namespace orvel::tools

@@ -130,6 +130,7 @@ void addEdit(CLI::App& app, Session& session) {
     command.add_option("design", *reference, std::string(oneDesign) + " (default: the first)")->type_name("ID");
     addWaitOption(command, session);
     runs(command, session, reference, edit);
+    addExample(command, "orvel edit @2");
 }
 
 void addFront(CLI::App& app, Session& session) {
@@ -168,6 +169,7 @@ void addRestore(CLI::App& app, Session& session) {
     command.add_option("choice", *choice, "A file of that list, or its number there")->type_name("FILE|N");
     addWaitOption(command, session);
     runs(command, session, choice, restore);
+    addExample(command, "orvel restore 1");
 }
 
 void addList(CLI::App& app, Session& session) {
@@ -212,6 +214,7 @@ void addCheck(CLI::App& app, Session& session) {
     command.add_option("file", *file, "A list of designs; - is standard input (default: the store)")
         ->type_name("FILE|-");
     runs(command, session, file, check);
+    addExample(command, "orvel check designs.json");
 }
 
 }  // namespace
