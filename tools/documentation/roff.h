@@ -24,7 +24,6 @@ std::string entry(const std::string& heading, const std::string& text);
 /// Lines as they are, further in.
 std::string verbatim(std::string_view lines);
 
-
 /// The finished page: a heading is followed by text at once, so a paragraph's mark there goes.
 std::string withoutEmptyParagraphs(std::string_view page);
 
