@@ -11,8 +11,8 @@ constexpr std::string_view headEnd = "\r\n\r\n";
 
 }  // namespace
 
-HttpConnection::HttpConnection(Descriptor socket, const HttpServer::Handlers& handlers)
-    : socket_(std::move(socket)), handlers_(handlers) {}
+HttpConnection::HttpConnection(Descriptor socket, const HttpServer::Handlers& handlers, const HttpLimits& limits)
+    : socket_(std::move(socket)), handlers_(handlers), limits_(limits) {}
 
 bool HttpConnection::proceed() {
     if (!receive()) return false;
@@ -20,18 +20,19 @@ bool HttpConnection::proceed() {
         if (!transmit()) return false;
     }
     if (!transmit()) return false;
-    return !(output_.empty() && (isClosing_ || hasEnded_));
+    if (isClosing_ && output_.empty()) endOutput();
+    return !(output_.empty() && hasEnded_);
 }
 
+// Not all at once: the others wait, and what is left in the socket calls again.
 bool HttpConnection::receive() {
     char bytes[16 << 10];
-    // One request at a time: what comes behind it waits in the socket.
-    while (wantsInput()) {
+    for (int turn = 0; turn < 16 && wantsInput(); ++turn) {
         const ssize_t count = ::recv(socket_.get(), bytes, sizeof bytes, 0);
         if (count > 0) {
-            if (input_.empty() && !request_ && output_.empty()) since_ = Clock::now();
+            if (input_.empty() && !request_ && output_.empty() && !isClosing_) since_ = Clock::now();
             if (!isStream_ && !isClosing_) input_.append(bytes, static_cast<std::size_t>(count));
-            if (!request_ && input_.size() > http_limits::headBytes) break;
+            if (!request_ && input_.size() > limits_.headBytes) break;
         } else if (count == 0) {
             hasEnded_ = true;
         } else if (errno != EINTR) {
@@ -45,8 +46,8 @@ bool HttpConnection::receive() {
 bool HttpConnection::answerNext() {
     if (!request_) {
         const auto end = input_.find(headEnd);
-        if (end == input_.npos || end > http_limits::headBytes) {
-            if (input_.size() <= http_limits::headBytes) return false;
+        if (end == input_.npos || end + headEnd.size() > limits_.headBytes) {
+            if (input_.size() <= limits_.headBytes) return false;
             respond(refusal(431, "the request's head is too long"), true);
             return true;
         }
@@ -57,7 +58,7 @@ bool HttpConnection::answerNext() {
             return true;
         }
         auto refused = handlers_.refuse(*head);
-        if (!refused && head->bodyLength > http_limits::bodyBytes)
+        if (!refused && head->bodyLength > limits_.bodyBytes)
             refused = refusal(413, "the request is larger than a design may be here, 1 MiB");
         if (refused) {
             respond(*refused, head->bodyLength > 0 || !head->keepsConnection);
@@ -76,6 +77,7 @@ bool HttpConnection::answerNext() {
 void HttpConnection::respond(const HttpResponse& response, bool isLast) {
     isStream_ = response.isEventStream;
     isClosing_ = isLast && !isStream_;
+    if (isClosing_) input_.clear();
     output_ = serialized(response, isClosing_ ? Connection::close : Connection::keep);
     since_ = Clock::now();
 }
@@ -91,8 +93,15 @@ bool HttpConnection::transmit() {
     return true;
 }
 
+// A client that still sends what it was refused would lose the answer if the socket were closed now.
+void HttpConnection::endOutput() {
+    if (!isOutputEnded_) ::shutdown(socket_.get(), SHUT_WR);
+    isOutputEnded_ = true;
+}
+
 void HttpConnection::sendEvent(const std::string& text) {
-    if (output_.size() + text.size() > http_limits::eventBytesWaiting) {
+    if (output_.size() + text.size() > limits_.eventBytesWaiting) {
+        isStream_ = false;
         isClosing_ = true;
         output_.clear();
         return;
@@ -101,12 +110,11 @@ void HttpConnection::sendEvent(const std::string& text) {
     output_ += text;
 }
 
-bool HttpConnection::isOverdue() const {
-    const auto waited = Clock::now() - since_;
-    if (hasOutput()) return waited > std::chrono::seconds(http_limits::secondsForAnswer);
-    if (isStream_) return false;
-    const bool isMidway = request_ || !input_.empty();
-    return waited > std::chrono::seconds(isMidway ? http_limits::secondsForRequest : http_limits::secondsIdle);
+std::optional<HttpConnection::Clock::time_point> HttpConnection::deadline() const {
+    if (hasOutput()) return since_ + limits_.forAnswer;
+    if (isStream_) return std::nullopt;
+    const bool isMidway = request_ || !input_.empty() || isClosing_;
+    return since_ + (isMidway ? limits_.forRequest : limits_.idle);
 }
 
 }  // namespace orvel::designer

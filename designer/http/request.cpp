@@ -49,7 +49,7 @@ const std::string* find(const std::map<std::string, std::string>& table, const s
 
 bool readTarget(std::string_view target, HttpRequest& request) {
     const auto path = percentDecoded(takeUntil(target, "?"));
-    if (!path || !path->starts_with('/')) return false;
+    if (!path || !path->starts_with('/') || hasControlCharacter(*path)) return false;
     request.path = *path;
     while (!target.empty()) {
         std::string_view value = takeUntil(target, "&");

@@ -20,10 +20,11 @@ namespace orvel::designer {
 
 class HttpServer::State {
 public:
-    State(EventLoop& loop, Descriptor listener, Descriptor epoll, Handlers handlers)
+    State(EventLoop& loop, Descriptor listener, Descriptor epoll, Handlers handlers, const HttpLimits& limits)
         : listener_(std::move(listener)),
           epoll_(std::move(epoll)),
           handlers_(std::move(handlers)),
+          limits_(limits),
           watch_(loop.watch(epoll_.get(), [this] { handleEvents(); })),
           sweep_(loop, [this] { sweep(); }) {
         epoll_event event{EPOLLIN, {.fd = listener_.get()}};
@@ -45,6 +46,7 @@ public:
             connections_.at(descriptor).sendEvent(text);
             proceed(descriptor);
         }
+        sweepInTime();
     }
 
 private:
@@ -57,20 +59,20 @@ private:
             else if (connections_.contains(events[i].data.fd))
                 proceed(events[i].data.fd);
         }
+        sweepInTime();
     }
 
     void accept() {
         for (;;) {
             Descriptor socket(::accept4(listener_.get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
             if (!socket) return;
-            if (connections_.size() >= http_limits::connections && !dropOldest()) continue;
+            if (connections_.size() >= limits_.connections && !dropOldest()) continue;
             const int on = 1;
             ::setsockopt(socket.get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
             epoll_event event{EPOLLIN | EPOLLRDHUP, {.fd = socket.get()}};
             if (::epoll_ctl(epoll_.get(), EPOLL_CTL_ADD, socket.get(), &event) != 0) continue;
             const int descriptor = socket.get();
-            connections_.try_emplace(descriptor, std::move(socket), handlers_);
-            if (!sweep_.isSet()) sweep_.set(std::chrono::seconds(1));
+            connections_.try_emplace(descriptor, std::move(socket), handlers_, limits_);
         }
     }
 
@@ -98,9 +100,24 @@ private:
     }
 
     void sweep() {
-        std::erase_if(connections_, [](const auto& entry) { return entry.second.isOverdue(); });
+        const auto now = HttpConnection::Clock::now();
+        std::erase_if(connections_, [now](const auto& entry) {
+            const auto deadline = entry.second.deadline();
+            return deadline && *deadline <= now;
+        });
         tellStreams();
-        if (!connections_.empty()) sweep_.set(std::chrono::seconds(1));
+        sweepInTime();
+    }
+
+    // With nothing but streams, nothing wakes.
+    void sweepInTime() {
+        std::optional<HttpConnection::Clock::time_point> first;
+        for (const auto& [descriptor, connection] : connections_)
+            if (const auto deadline = connection.deadline(); deadline && (!first || *deadline < *first))
+                first = deadline;
+        if (!first) return;
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*first - HttpConnection::Clock::now());
+        sweep_.set(std::max(left, std::chrono::milliseconds(0)));
     }
 
     void tellStreams() {
@@ -112,6 +129,7 @@ private:
     Descriptor listener_;
     Descriptor epoll_;
     Handlers handlers_;
+    HttpLimits limits_;
     std::map<int, HttpConnection> connections_;
     std::size_t streams_ = 0;
     EventLoop::Watch watch_;
@@ -121,7 +139,8 @@ private:
 HttpServer::HttpServer(std::unique_ptr<State> state) : state_(std::move(state)) {}
 HttpServer::~HttpServer() = default;
 
-Outcome<std::unique_ptr<HttpServer>> HttpServer::listen(EventLoop& loop, std::uint16_t port, Handlers handlers) {
+Outcome<std::unique_ptr<HttpServer>> HttpServer::listen(EventLoop& loop, std::uint16_t port, Handlers handlers,
+                                                        const HttpLimits& limits) {
     const auto failure = [port] {
         return Failure{"port " + std::to_string(port) + ": can't listen: " + std::strerror(errno) +
                        (port == 0 ? "" : "; without --port a free one is taken")};
@@ -138,8 +157,8 @@ Outcome<std::unique_ptr<HttpServer>> HttpServer::listen(EventLoop& loop, std::ui
     if (::bind(listener.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
         ::listen(listener.get(), SOMAXCONN) != 0)
         return failure();
-    return std::unique_ptr<HttpServer>(
-        new HttpServer(std::make_unique<State>(loop, std::move(listener), std::move(epoll), std::move(handlers))));
+    return std::unique_ptr<HttpServer>(new HttpServer(
+        std::make_unique<State>(loop, std::move(listener), std::move(epoll), std::move(handlers), limits)));
 }
 
 std::uint16_t HttpServer::port() const {

@@ -3,6 +3,8 @@
 // dropped.
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -17,15 +19,16 @@
 
 namespace orvel::designer {
 
-namespace http_limits {
-inline constexpr std::size_t headBytes = 16 << 10;
-inline constexpr std::size_t bodyBytes = 1 << 20;
-inline constexpr std::size_t connections = 64;
-inline constexpr int secondsForRequest = 10;  ///< from its first byte to its last
-inline constexpr int secondsForAnswer = 30;   ///< until the client has taken it
-inline constexpr int secondsIdle = 60;
-inline constexpr std::size_t eventBytesWaiting = 256 << 10;  ///< of one stream; a client that lags further is dropped
-}  // namespace http_limits
+/// What a client may cost.
+struct HttpLimits {
+    std::size_t headBytes = 16 << 10;
+    std::size_t bodyBytes = 1 << 20;
+    std::size_t connections = 64;               ///< one more takes the place of the longest silent one
+    std::size_t eventBytesWaiting = 256 << 10;  ///< of one stream; a client that lags further is dropped
+    std::chrono::milliseconds forRequest = std::chrono::seconds(10);  ///< from its first byte to its last
+    std::chrono::milliseconds forAnswer = std::chrono::seconds(30);   ///< until the client has taken it
+    std::chrono::milliseconds idle = std::chrono::seconds(60);        ///< between requests
+};
 
 class HttpServer {
 public:
@@ -38,7 +41,8 @@ public:
     };
 
     /// Port 0 is any free one.
-    static Outcome<std::unique_ptr<HttpServer>> listen(EventLoop& loop, std::uint16_t port, Handlers handlers);
+    static Outcome<std::unique_ptr<HttpServer>> listen(EventLoop& loop, std::uint16_t port, Handlers handlers,
+                                                       const HttpLimits& limits = {});
     ~HttpServer();
 
     std::uint16_t port() const;
