@@ -1,0 +1,121 @@
+"""X servers without a screen, with a window manager, and perhaps a program that draws the desktop."""
+import json
+import os
+
+from cards import Picture, patiently
+from servers.server import HEIGHT, WIDTH, Server
+
+
+class X11(Server):
+    outputs = ["first", "second"]
+    needs = ["Xvfb", "xrandr", "xrdb", "xprop", "xsetroot", "xdotool", "wmctrl", "import", "convert"]
+    manager = []  # the command
+    desktop = []  # likewise
+    display = None
+    running = []
+
+    def begin(self):
+        read, write = os.pipe()
+        number = [self.display] if self.display else []
+        self.running = [self.start("Xvfb", *number, "-displayfd", str(write), "-noreset", "-nolisten", "tcp",
+                                   "-screen", "0", f"{2 * WIDTH}x{HEIGHT}x24", pass_fds=[write])]
+        os.close(write)
+        with os.fdopen(read) as told:
+            self.display = ":" + told.readline().strip()
+        self.environment["DISPLAY"] = self.display
+        self.xrandr("--setmonitor", "*first", f"{WIDTH}/240x{HEIGHT}/160+0+0", "screen")
+        self.give_output_back()
+        self.run("xsetroot", "-solid", "#336699")
+        self.manage()
+
+    def manage(self):
+        self.running.append(self.start(*self.manager))
+        patiently(self.is_managed, what=f"{self.name} to manage the screen")
+        if self.desktop:
+            self.running.append(self.start(*self.desktop))
+            patiently(lambda: b"_NET_WM_WINDOW_TYPE_DESKTOP" in self.clients(), what=f"{self.desktop[0]}'s window")
+
+    def is_managed(self):
+        self.ensure_running(self.running[-1])
+        return b"window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK").stdout
+
+    def clients(self):
+        listed = self.run("xprop", "-root", "_NET_CLIENT_LIST").stdout.decode().partition("#")[2]
+        return b"".join(self.run("xprop", "-id", window.strip(), "_NET_WM_WINDOW_TYPE").stdout
+                        for window in listed.split(",") if window.strip())
+
+    def stop(self):
+        for process in reversed(self.running[1:]):
+            self.finish(process)
+        self.running[0].kill()
+        self.running[0].wait()
+
+    def xrandr(self, *arguments):
+        self.run("xrandr", *arguments)
+
+    def lose_output(self):
+        self.xrandr("--delmonitor", "second")
+
+    def give_output_back(self):
+        self.xrandr("--setmonitor", "second", f"{WIDTH}/240x{HEIGHT}/160+{WIDTH}+0", "none")
+
+    def scale_to(self, scale):
+        self.run("xrdb", "-merge", input=f"Xft.dpi: {round(96 * scale)}\n".encode())
+
+    def pictures(self):
+        """Of the monitors, as the server lists them."""
+        listed = self.run("xrandr", "--listmonitors").stdout.decode()
+        pictures = []
+        for i, name in enumerate(self.outputs):
+            if name in listed:
+                file = self.work / f"shot-{i}.ppm"
+                self.run("import", "-silent", "-window", "root", "-crop", f"{WIDTH}x{HEIGHT}+{i * WIDTH}+0", "-depth",
+                         "8", file)
+                pictures.append(Picture(file))
+        return pictures
+
+    def click(self, output, x, y, button=1):
+        self.run("xdotool", "mousemove", str(output * WIDTH + x), str(y), "sleep", "0.1", "click", str(button))
+
+    def close_menu(self):
+        self.run("xdotool", "key", "Escape")
+
+    def show_desktop(self, wanted):
+        self.run("wmctrl", "-k", "on" if wanted else "off")
+
+    def workspace(self, number):
+        self.run("wmctrl", "-s", str(number - 1))
+
+
+class Openbox(X11):
+    name = "openbox"
+    packages = ["openbox"]
+    manager = ["openbox", "--sm-disable"]
+
+
+class I3(X11):
+    name = "i3"
+    packages = ["i3-wm"]
+    lacks = {"root menus": "its desktop has no menu", "show desktop": "it has no such command"}
+
+    def manage(self):
+        file = self.work / "i3.configuration"
+        file.write_text("# i3 config file (v4)\nfont pango:monospace 8\nfocus_follows_mouse no\nmouse_warping none\n"
+                        f"ipc-socket {self.work}/i3.sock\nworkspace 1 output first\nworkspace 2 output first\n"
+                        "workspace 3 output second\n")
+        self.manager = ["i3", "-c", str(file)]
+        super().manage()
+
+    def message(self, *words):
+        return self.run("i3-msg", "-s", f"{self.work}/i3.sock", *words).stdout
+
+    def workspace(self, number):
+        self.message(f"workspace {number}")
+
+    def focused_output(self):
+        return next(each["output"] for each in json.loads(self.message("-t", "get_workspaces")) if each["focused"])
+
+    below_the_card = Server.other_output_focused
+
+
+SERVERS = [Openbox, I3]
