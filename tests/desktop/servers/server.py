@@ -91,6 +91,11 @@ class Server(Cards):
             patiently(lambda: self.focused_output() == self.outputs[1], what="the focus on the other output")
         return getattr(self, "focus_gained", 0)
 
+    def start_session_bus(self):
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address", stdout=subprocess.PIPE)
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
+        return bus
+
     def ensure_running(self, process):
         if process.poll() is not None:
             raise Failed(f"{self.name} ended with {process.returncode}: {(self.work / 'said').read_text()[-2000:]}")

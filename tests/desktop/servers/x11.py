@@ -17,13 +17,13 @@ class X11(Server):
     def begin(self):
         read, write = os.pipe()
         number = [self.display] if self.display else []
-        self.running = [self.start("Xvfb", *number, "-displayfd", str(write), "-noreset", "-nolisten", "tcp",
-                                   "-screen", "0", f"{2 * WIDTH}x{HEIGHT}x24", pass_fds=[write])]
+        self.running = [self.start(*self.x_server(), *number, "-displayfd", str(write), "-noreset", "-nolisten", "tcp",
+                                   pass_fds=[write])]
         os.close(write)
         with os.fdopen(read) as told:
             self.display = ":" + told.readline().strip()
         self.environment["DISPLAY"] = self.display
-        self.xrandr("--setmonitor", "*first", f"{WIDTH}/240x{HEIGHT}/160+0+0", "screen")
+        self.give_first_output()
         self.give_output_back()
         self.run("xsetroot", "-solid", "#336699")
         self.manage()
@@ -52,6 +52,13 @@ class X11(Server):
 
     def xrandr(self, *arguments):
         self.run("xrandr", *arguments)
+
+    # One output in two halves. With X servers of several outputs, see below.
+    def x_server(self):
+        return ["Xvfb", "-screen", "0", f"{2 * WIDTH}x{HEIGHT}x24"]
+
+    def give_first_output(self):
+        self.xrandr("--setmonitor", "*first", f"{WIDTH}/240x{HEIGHT}/160+0+0", "screen")
 
     def lose_output(self):
         self.xrandr("--delmonitor", "second")
@@ -118,4 +125,65 @@ class I3(X11):
     below_the_card = Server.other_output_focused
 
 
-SERVERS = [Openbox, I3]
+class TwoOutputs(X11):
+    """The full server, with two outputs of its driver for no screen: some desktops take no halves for outputs."""
+    outputs = ["DUMMY0", "DUMMY1"]
+    mode = f"{WIDTH}x{HEIGHT}"
+
+    def x_server(self):
+        file = self.work / "xorg.conf"
+        file.write_text(
+            'Section "Device"\nIdentifier "device"\nDriver "dummy"\nVideoRam 256000\nEndSection\n'
+            'Section "Monitor"\nIdentifier "monitor"\nHorizSync 1-1000\nVertRefresh 1-1000\n'
+            f'Modeline "{self.mode}" 45 900 948 1040 1184 600 601 604 622\nEndSection\n'
+            'Section "Screen"\nIdentifier "screen"\nDevice "device"\nMonitor "monitor"\nDefaultDepth 24\n'
+            f'SubSection "Display"\nDepth 24\nModes "{self.mode}"\nVirtual 4000 2000\nEndSubSection\nEndSection\n'
+            'Section "ServerFlags"\nOption "AutoAddDevices" "false"\nOption "AutoAddGPU" "false"\nEndSection\n')
+        return ["Xorg", "-config", str(file), "-logfile", str(self.work / "xorg.log"), "-novtswitch"]
+
+    def give_first_output(self):
+        self.xrandr("--output", "DUMMY0", "--mode", self.mode, "--primary")
+        self.xrandr("--addmode", "DUMMY1", self.mode)
+
+    def lose_output(self):
+        self.xrandr("--output", "DUMMY1", "--off")
+
+    def give_output_back(self):
+        self.xrandr("--output", "DUMMY1", "--mode", self.mode, "--right-of", "DUMMY0")
+
+
+class Xfce(TwoOutputs):
+    name = "xfwm4 and xfdesktop"
+    packages = ["xfwm4", "xfdesktop4"]
+    manager = ["xfwm4"]
+    desktop = ["xfdesktop"]
+
+    def manage(self):
+        self.running.append(self.start_session_bus())
+        super().manage()
+
+
+class Pcmanfm(TwoOutputs):
+    name = "pcmanfm --desktop"
+    packages = ["pcmanfm"]
+    manager = ["openbox", "--sm-disable"]
+    desktop = ["pcmanfm", "--desktop"]
+
+    def manage(self):
+        self.running.append(self.start_session_bus())
+        super().manage()
+
+
+class KWin(TwoOutputs):
+    name = "KWin on X11"
+    packages = ["kwin-x11"]
+    manager = ["kwin_x11"]
+    lacks = {"root menus": "the menu is another program's"}
+
+    def manage(self):
+        (self.home / ".config/kwinrc").write_text("[Desktops]\nNumber=2\nRows=1\n")
+        self.running.append(self.start_session_bus())
+        super().manage()
+
+
+SERVERS = [Openbox, I3, Xfce, Pcmanfm, KWin]
