@@ -1,11 +1,11 @@
-// Being asked to end, as an event among others.
+// Termination signals as events of the loop.
 #pragma once
 
 #include "platform/foundation/descriptor.h"
 
 namespace orvel {
 
-/// A descriptor that can be read once SIGTERM or SIGINT asks the process to end; they no longer end it by themselves.
+/// A descriptor that becomes readable when SIGTERM or SIGINT arrives; from then on they no longer end the process.
 Descriptor openEndingSignals();
 
 }  // namespace orvel

@@ -11,7 +11,7 @@ class EventLoop {
 public:
     using Handler = std::function<void()>;
 
-    /// Ends the watching when it goes. It must not outlive its loop.
+    /// Stops watching when it is destroyed. It must not outlive its loop.
     class Watch {
     public:
         struct Source;

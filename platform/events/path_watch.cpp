@@ -23,9 +23,9 @@ using Clock = std::chrono::steady_clock;
 constexpr auto quiet = 20ms;
 constexpr auto longestBurst = 200ms;
 
-// What tells that a name on the way leads elsewhere now. Watching the thing itself, not the folder that it lies in, a
-// busy home folder wakes nobody. (A changed attribute would tell of everything in a folder; a file's, or a link's, also
-// tells that its last name is gone.)
+// Events that say that a name on the way now leads elsewhere. They are watched on the file itself, not on its folder,
+// so that a busy home folder doesn't wake the process. (In a folder, changes of attributes would report every entry; on
+// a file or a link, they also report that its last name is gone.)
 constexpr std::uint32_t gone = IN_DELETE_SELF | IN_MOVE_SELF;
 constexpr std::uint32_t itself = gone | IN_ATTRIB;
 constexpr std::uint32_t names = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO;
@@ -93,7 +93,7 @@ private:
         std::vector<fs::path> links;
         for (fs::directory_iterator entry(at_, failed), end; !failed && entry != end; entry.increment(failed))
             if (std::error_code unreadable; entry->is_symlink(unreadable)) links.push_back(entry->path());
-        // Files that lie elsewhere; of a folder elsewhere, only whether it is still there.
+        // Links to files elsewhere; for a link to a folder elsewhere, only whether that still exists.
         for (const fs::path& link : links)
             if (walk(link)) watch(at_, itself | IN_CLOSE_WRITE);
     }
@@ -116,7 +116,7 @@ public:
 private:
     void watchAll() {
         Descriptor fresh(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
-        if (!fresh) return;  // the system has no more to give: what was watched stays watched
+        if (!fresh) return;  // the system's limit is reached: the old watches stay
         Route route(fresh.get());
         for (const fs::path& path : paths_) route.follow(path);
         watch_.emplace(loop_.watch(fresh.get(), [this] { drainEvents(); }));
@@ -133,7 +133,7 @@ private:
         settled_.set(std::min<std::chrono::milliseconds>(quiet, left));
     }
 
-    // The watches are renewed before anybody reads, so that nothing falls between.
+    // The watches are renewed before anybody reads the files, so that no change is missed in between.
     void report() {
         watchAll();
         changed_();

@@ -1,5 +1,5 @@
-// Watches what a path leads to, however it changes: a folder's entries, or a file; made, replaced, deleted and made
-// again; also the folders and symbolic links on the way, and the files that links in the folder point to.
+// Watches a folder's entries or a file, whether it is created, replaced, deleted or created again. The folders and
+// symbolic links on the way to it are watched as well, and the files to which links in the folder point.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-// One-shot timers of an event loop. Setting a timer again replaces its date; a timer that goes never fires.
+// One-shot timers of an event loop. Setting a timer again replaces its date; a destroyed timer never fires.
 #pragma once
 
 #include <chrono>
@@ -9,8 +9,8 @@
 
 namespace orvel {
 
-/// Fires at a date by the machine's clock: late after the machine has slept through it, and also when the clock is set,
-/// after which the caller looks at the clock and sets the timer anew.
+/// Fires at a date of the machine's clock, or late if the machine was suspended then. It also fires when the clock is
+/// set; the caller then looks at the clock and sets the timer again.
 class ClockTimer {
 public:
     ClockTimer(EventLoop& loop, EventLoop::Handler fired);
@@ -22,7 +22,7 @@ private:
     std::unique_ptr<State> state_;
 };
 
-/// Fires after a time in which the machine runs, whatever the clock does.
+/// Fires after a length of time, whatever happens to the clock. Time in suspend doesn't count.
 class DelayTimer {
 public:
     DelayTimer(EventLoop& loop, EventLoop::Handler fired);

@@ -1,4 +1,4 @@
-// Who the process runs for, as far as a home directory goes.
+// The account that the process runs for, and its folders.
 #pragma once
 
 #include <optional>
@@ -18,14 +18,14 @@ public:
     /// The user database's record of the process's real user id; absent when there is none.
     virtual std::optional<Account> current() const = 0;
 
-    /// The process's home directory as its surroundings report it. Never empty.
+    /// The home directory in the process's environment. Never empty.
     virtual std::string processHomeDirectory() const = 0;
 
-    /// Where the process's surroundings keep settings; absent when they name no absolute path. Then it is ".config"
-    /// in the home directory.
+    /// The settings folder that the process's environment names; absent when it names no absolute path, and the folder
+    /// is then ".config" in the home directory.
     virtual std::optional<std::string> configurationDirectory() const { return std::nullopt; }
 
-    /// The same for what a program remembers between its runs; then it is ".local/state" in the home directory.
+    /// The same for state that a program keeps between its runs; else it is ".local/state" in the home directory.
     virtual std::optional<std::string> stateDirectory() const { return std::nullopt; }
 };
 
@@ -41,7 +41,7 @@ inline std::string configurationDirectory(const Accounts& accounts) {
     return accounts.configurationDirectory().value_or(homeDirectory(accounts) + "/.config");
 }
 
-/// Where a program keeps what it remembers of this person between its runs.
+/// Where a program keeps this person's state between its runs.
 inline std::string stateDirectory(const Accounts& accounts) {
     return accounts.stateDirectory().value_or(homeDirectory(accounts) + "/.local/state");
 }

@@ -19,7 +19,7 @@ public:
     int get() const { return value_; }
     explicit operator bool() const { return value_ >= 0; }
 
-    /// At once, and with what the system says of it: 0, or -1 and errno. Nothing to close is 0.
+    /// Closes it at once and returns what the system returns: 0, or -1 with errno. 0 when there is nothing to close.
     int close();
 
 private:

@@ -25,11 +25,11 @@ struct FileFailure {
 
 /// A file has its new content, for every reader.
 struct Replaced {
-    /// Why a loss of power may yet bring the old content back, when it may: the folder couldn't be synced.
+    /// Why a loss of power may still bring the old content back: the folder couldn't be synced. Absent otherwise.
     std::optional<FileFailure> unsynced = {};
 };
 
-/// Who may read a file that is new.
+/// Who may read a newly created file.
 enum class NewFile {
     asUmaskAllows,  ///< mode 0666 less the umask
     ownerOnly,      ///< mode 0600
@@ -54,21 +54,21 @@ class Files {
 public:
     virtual ~Files() = default;
 
-    /// The whole of a regular file. A folder, FIFO or device is refused at once, without waiting for it; so is a file
-    /// of more than `largest` bytes, or one that memory can't hold.
+    /// The whole content of a regular file. A folder, FIFO or device is refused without waiting for it; so is a file of
+    /// more than `largest` bytes, or one that memory can't hold.
     virtual Result<std::string, FileFailure> read(const std::filesystem::path& path) = 0;
 
-    /// Replaces a file's content in one step: readers see the old or the new content whole, and on failure the old one
-    /// stays. Once the new content is in its place nothing is a failure any more; what may still be lost is told with
-    /// the success. An old file keeps its mode; a symbolic link stays and the file it points to is replaced. The folder
-    /// must exist.
+    /// Replaces a file's content atomically: readers see either the old or the new content, and on failure the old one
+    /// stays. Once the new content is in place, the operation has succeeded; the result says whether a loss of power
+    /// may undo it. An existing file keeps its mode; a symbolic link stays, and the file it points to is replaced. The
+    /// folder must exist.
     virtual Result<Replaced, FileFailure> replace(const std::filesystem::path& path, std::string_view bytes,
                                                   NewFile newFile = NewFile::asUmaskAllows) = 0;
 
     /// Deletes one file or symbolic link. A missing file is a failure.
     virtual Result<Done, FileFailure> remove(const std::filesystem::path& path) = 0;
 
-    /// Makes the folder and every missing parent. A folder that exists is success.
+    /// Creates the folder and every missing parent. Succeeds when the folder exists already.
     virtual Result<Done, FileFailure> createFolders(const std::filesystem::path& path) = 0;
 
     /// The names of a folder's entries, in the order of their bytes.

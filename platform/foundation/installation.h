@@ -5,11 +5,11 @@
 
 namespace orvel {
 
-/// The folder "share" of the prefix that the running program is installed in; of a program that was just built, the one
-/// in the build folder; that of /usr when the machine can't tell where the program lies.
+/// The folder "share" of the prefix that the running program is installed in: for a program that isn't installed, the
+/// one in the build folder; /usr/share when the system doesn't say where the program lies.
 std::filesystem::path installedData();
 
-/// The folder that the running program lies in; that of /usr when the machine can't tell.
+/// The folder of the running program; /usr/bin when the system doesn't say.
 std::filesystem::path installedPrograms();
 
 }  // namespace orvel

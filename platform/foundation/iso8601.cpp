@@ -44,7 +44,7 @@ public:
         rest_.remove_prefix(1);
         const std::size_t length = std::min(rest_.find_first_not_of("0123456789"), rest_.size());
         if (length == 0) fail();
-        // As many digits as a double holds exactly; no date could keep more.
+        // As many digits as a double holds exactly; a date couldn't keep more.
         constexpr std::size_t most = 15;
         double digits = 0, unit = 1;
         for (const char c : rest_.substr(0, std::min(length, most))) {

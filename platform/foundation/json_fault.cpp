@@ -12,8 +12,8 @@ struct Strings {
     std::size_t control = none;   ///< the first control character in a string
 };
 
-// Walks the strings. One that is left open takes the next one's opening mark for its end, so the first
-// that goes on over a line, or that something other than JSON's punctuation follows, is the one to look at.
+// Finds the first string that looks unclosed. An unclosed string seems to end at the next one's opening quotation mark,
+// so the first string that contains a line break, or isn't followed by JSON's punctuation, is the likely one.
 Strings walkStrings(std::string_view json) {
     Strings found;
     std::size_t doubtful = none;

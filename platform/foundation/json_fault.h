@@ -1,4 +1,5 @@
-// What the parser finds wrong with a text, for people: it knows codes, and of some faults no place.
+// Turns the parser's error codes into sentences for people, with the position of the fault, which the parser doesn't
+// always give.
 // Private to this folder.
 #pragma once
 
@@ -18,8 +19,8 @@ struct LocatedFault {
     std::size_t offset;
 };
 
-/// Of what is wrong with bytes and quotation marks, which is judged before all else: what it is, and where. Absent for
-/// any other fault.
+/// Invalid UTF-8 and unclosed strings, which the parser checks first: what is wrong, and where. Absent for any other
+/// fault.
 std::optional<LocatedFault> locatedFault(std::string_view text, simdjson::error_code code);
 
 }  // namespace orvel::json

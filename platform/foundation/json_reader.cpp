@@ -1,5 +1,5 @@
-// simdjson's On-Demand interface, walked completely. On its own it checks only what is asked for; here every value is
-// taken or passed over with the same checks.
+// simdjson's On-Demand interface, walked completely. On its own it checks only the values that are read; here every
+// value is either read, or skipped with the same checks.
 #include "platform/foundation/json_reader.h"
 
 #include <simdjson.h>
@@ -105,7 +105,7 @@ struct Pass {
         return false;
     }
 
-    // What nobody asks for needs no double that can hold it.
+    // A number that the caller doesn't read may lie beyond the range of a double.
     bool number(Value& value) {
         double number = 0;
         value.taken_ = true;
@@ -126,7 +126,7 @@ struct Pass {
         return isNull || fail(simdjson::N_ATOM_ERROR);
     }
 
-    // Newer simdjson has another type, for what begins no value; older ones fail when asked.
+    // Newer versions of simdjson have a further type for text that begins no value; older ones return an error.
     static std::optional<Kind> kindOf(ondemand::json_type type) {
         switch (type) {
             case ondemand::json_type::array: return Kind::array;

@@ -1,7 +1,7 @@
-// Reading JSON (RFC 8259) in one pass over its bytes, without a tree in memory. A text is judged whole: members that
-// nobody asks for are checked like the others. Numbers of any length are read, correctly rounded; one that is asked for
-// and lies beyond the range of a double makes the text invalid. A leading UTF-8 byte-order mark is passed over. Nesting
-// is limited to 512 levels. Lack of memory is std::bad_alloc, and no judgement of the text.
+// Reads JSON (RFC 8259) in one pass over its bytes, without a tree in memory. The whole text is checked, including
+// members that the caller doesn't read. Numbers of any length are read and correctly rounded; a number that the caller
+// reads and that lies beyond the range of a double makes the text invalid. A leading UTF-8 byte-order mark is skipped.
+// Nesting is limited to 512 levels. A lack of memory throws std::bad_alloc and says nothing about the text.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ enum class Kind { null, boolean, number, string, array, object };
 /// As in a sentence: "null", "a boolean", "a number".
 std::string_view name(Kind kind);
 
-/// Where and why a text is not JSON. A string that isn't closed is told where it begins.
+/// Where and why a text is not JSON. For an unclosed string, the position is where it begins.
 struct SyntaxFailure {
     std::string reason;  ///< without a full stop
     TextPosition position;
@@ -27,8 +27,8 @@ struct SyntaxFailure {
 
 struct Pass;
 
-/// One value, valid only inside the callback that it is passed to, and to be taken at most once. What isn't taken is
-/// checked and passed over. An operation that doesn't suit the kind, or meets bad syntax, yields nothing.
+/// One value, valid only inside the callback that it is passed to, and readable at most once. A value that isn't read
+/// is checked and skipped. An operation that doesn't suit the kind, or meets bad syntax, yields nothing.
 class Value {
 public:
     Kind kind() const { return kind_; }
@@ -36,7 +36,7 @@ public:
     /// Bytes from the start of the text to this value.
     std::size_t offset() const { return offset_; }
 
-    /// Where in the text it begins; a byte-order mark isn't counted as a column. Takes as long as reading up to there.
+    /// Where in the text it begins, without counting a byte-order mark as a column. Reads the text up to there.
     TextPosition position() const;
 
     std::optional<double> number();

@@ -8,12 +8,11 @@
 
 namespace orvel {
 
-/// How many letters have to be put in, left out, replaced or swapped with their neighbour; capital letters count as
-/// small ones.
+/// How many letters have to be inserted, deleted, replaced or swapped with their neighbour, ignoring case.
 std::size_t typingMistakes(std::string_view a, std::string_view b);
 
-/// The word with the fewest mistakes, if they are few for its length or if `typed` is its beginning; of equally near
-/// ones the first. `words` is a range of strings.
+/// The word that takes the fewest edits, if they are few for its length or if `typed` is its beginning; the first of
+/// equally near ones. `words` is a range of strings.
 template <class Range>
 std::optional<std::string_view> nearestWord(std::string_view typed, const Range& words) {
     constexpr std::size_t longest = 64;

@@ -1,4 +1,4 @@
-// How an operation that a person asked for went.
+// The result of an operation that a person asked for.
 #pragma once
 
 #include <string>
@@ -10,10 +10,10 @@ namespace orvel {
 /// Why it failed.
 struct Failure {
     enum class Cause {
-        circumstances,  ///< they may change by themselves
-        request,        ///< it has to be another one
-        content,        ///< a file was read whole, and doesn't hold what it should
-        afterwards,     ///< what was asked for is done; but a loss of power may undo it, or it can't be told
+        circumstances,  ///< trying again later may help
+        request,        ///< what was asked for can't be done; ask for something else
+        content,        ///< a file was read, but its content isn't valid
+        afterwards,     ///< it is done, but a loss of power may undo it, or the answer can't be printed
     };
 
     std::string reason;  ///< one line for that person, without a full stop
@@ -21,7 +21,7 @@ struct Failure {
     std::string field = {};  ///< of a design, when one is at fault
 };
 
-/// How an operation ends that has done all, when a loss of power may undo it for that reason.
+/// The result of an operation that has succeeded, but that a loss of power may undo, for that reason.
 inline Failure doneForNow(const std::string& why) {
     return {why + "; the change is made, but may not survive a loss of power", Failure::Cause::afterwards};
 }

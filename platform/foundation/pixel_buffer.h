@@ -1,5 +1,5 @@
-// Pixels that somebody else owns: 32 bits each, alpha in the highest byte of the machine's word, then red, green and
-// blue, multiplied by alpha.
+// A view of pixels that the caller owns: 32 bits each, alpha in the highest byte of the machine's word, then red, green
+// and blue, premultiplied by alpha.
 #pragma once
 
 #include <cstddef>

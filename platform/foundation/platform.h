@@ -1,6 +1,6 @@
-// What the system takes from the machine, in one bundle of interfaces. Operations take it as their last argument, so
-// that a test or a fixed clock can stand in; the names that programs call default it to the system. Nothing here is
-// mutable, and any thread may use it.
+// The interfaces to the machine in one bundle: clock, files, accounts, time zone and random identities. Operations take
+// it as their last argument, so that tests and fixed clocks can replace it; the functions that programs call have the
+// system as the default. Nothing here is mutable, and any thread may use it.
 #pragma once
 
 #include "platform/foundation/accounts.h"
@@ -21,7 +21,7 @@ struct Platform {
     /// The same machine with another clock, which must outlive the copy.
     Platform with(const Clock& other) const { return {other, files, accounts, timeZone, identities}; }
 
-    /// The machine this process runs on. The local time zone is read anew at each use.
+    /// The machine this process runs on. The local time zone is read again at each use.
     static const Platform& system();
 };
 

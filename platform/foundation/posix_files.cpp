@@ -24,7 +24,7 @@ FileFailure failure(const char* operation, int code = errno) {
     return {operation, std::error_code(code, std::generic_category())};
 }
 
-// A new file that is written, and deleted at the end of the scope unless it was kept.
+// A new file to write, which is deleted at the end of the scope unless it is kept.
 class Temporary {
 public:
     Temporary(path fileName, Descriptor file) : name(std::move(fileName)), descriptor(std::move(file)) {}
@@ -47,8 +47,8 @@ auto retryingOnSignal(Call call) {
 }
 
 Result<std::string, FileFailure> readAll(int descriptor, std::size_t expected) {
-    // Room for one byte more shows the end of the file without a second growth; the rest is the slack that vectorised
-    // parsers want behind a text.
+    // One more byte shows the end of the file without growing the buffer again; the rest is padding that vectorised
+    // parsers need behind a text.
     constexpr std::size_t slack = 128;
     std::string bytes;
     bytes.reserve(expected + slack);
@@ -104,7 +104,7 @@ Result<std::unique_ptr<Temporary>, FileFailure> createTemporaryBeside(const path
         const int descriptor =
             retryingOnSignal([&] { return ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode); });
         if (descriptor >= 0) return std::make_unique<Temporary>(std::move(name), Descriptor(descriptor));
-        // Left by a process that had our number before us.
+        // Left by an earlier process with the same process id.
         if (errno != EEXIST) return failure("create a file beside");
     }
 }
@@ -124,7 +124,7 @@ void sweepStaleTemporaries(const path& target) {
             ::unlink(entry->path().c_str());
 }
 
-// fsync(2) has EINTR for a signal alone: a lost write is EIO, which a second call would not tell again.
+// fsync(2) fails with EINTR only because of a signal. A lost write is EIO, which a second call wouldn't report again.
 int sync(int descriptor) {
     return retryingOnSignal([&] { return ::fsync(descriptor); });
 }
@@ -132,7 +132,7 @@ int sync(int descriptor) {
 std::optional<FileFailure> syncFolder(const path& folder) {
     const Descriptor file(retryingOnSignal([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     if (!file) return failure("open the folder");
-    // Some file systems can't sync a folder, and need no such thing.
+    // Some file systems can't sync a folder and don't need to.
     if (sync(file.get()) != 0 && errno != EINVAL) return failure("sync the folder");
     return std::nullopt;
 }
@@ -172,7 +172,7 @@ Result<Replaced, FileFailure> PosixFiles::replace(const path& name, std::string_
     if (exists && ::fchmod(file.get(), old.st_mode & 07777) != 0) return failure("set the mode of");
     if (auto failed = writeAll(file.get(), bytes)) return *failed;
     if (sync(file.get()) != 0) return failure("sync");
-    // Interrupted or not, the descriptor is gone, and the content has been synced.
+    // Even when interrupted, the descriptor is closed; and the content is synced already.
     if (file.close() != 0 && errno != EINTR) return failure("close");
     if (::rename(temporary.name.c_str(), target->c_str()) != 0) return failure("rename");
     temporary.isKept = true;

@@ -1,4 +1,4 @@
-// A deleter that calls the function by which a C library takes a handle back.
+// A deleter that calls a C library's function for releasing a handle.
 #pragma once
 
 namespace orvel {

@@ -1,4 +1,4 @@
-// A value or the reason why there is none. For failures that somebody will be told of; plain absence is std::optional.
+// A value, or the reason why there is none. For failures that are reported to somebody; plain absence is std::optional.
 #pragma once
 
 #include <cassert>
@@ -10,7 +10,7 @@ namespace orvel {
 /// The value of an operation that yields nothing but success.
 struct Done {};
 
-/// Whoever takes the value or the failure has asked before which one it is.
+/// Check which of the two it holds before you take the value or the failure.
 template <class Value, class Failure>
 class [[nodiscard]] Result {
 public:

@@ -1,4 +1,4 @@
-// The machine itself behind the interfaces: POSIX and the C library.
+// The interfaces to the machine, implemented with POSIX and the C library.
 #include <pwd.h>
 #include <sys/random.h>
 #include <time.h>
@@ -67,7 +67,7 @@ private:
 class SystemTimeZone final : public TimeZone {
 public:
     std::optional<std::chrono::seconds> utcOffset(std::chrono::sys_seconds instant) const override {
-        ::tzset();  // localtime_r alone need not notice that the zone has changed
+        ::tzset();  // localtime_r alone may not notice that the zone has changed
         const time_t seconds = instant.time_since_epoch().count();
         tm local;
         if (!::localtime_r(&seconds, &local)) return std::nullopt;

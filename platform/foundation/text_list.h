@@ -1,4 +1,4 @@
-// Several words as one text.
+// Joins words into one text.
 #pragma once
 
 #include <string>

@@ -33,8 +33,8 @@ bool isWhitespace(ucs4_t character) {
     return uc_is_general_category(character, UC_SPACE_SEPARATOR);
 }
 
-// The first boundary inside the text for which `enough(position, clusters before it)` holds, or the text's end. Looks
-// at a growing beginning of the text, so that a near boundary in a long text is found quickly.
+// The first boundary inside the text for which `enough(position, clusters before it)` holds, or the text's end.
+// Examines ever longer beginnings of the text, so that a near boundary in a long text is found quickly.
 template <class Enough>
 std::size_t firstBoundary(std::string_view text, Enough enough) {
     const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
@@ -52,7 +52,7 @@ std::size_t firstBoundary(std::string_view text, Enough enough) {
 
 constexpr ucs4_t replacement = 0xFFFD;
 
-// Calls `visit` with each character and its bytes; what is no character is U+FFFD.
+// Calls `visit` with each character and its bytes; invalid bytes are U+FFFD.
 template <class Visit>
 void forEachCharacter(std::string_view text, Visit visit) {
     while (!text.empty()) {

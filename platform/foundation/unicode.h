@@ -23,12 +23,12 @@ bool canonicallyEquivalent(std::string_view a, std::string_view b);
 /// unchanged.
 std::string decomposed(std::string_view text);
 
-/// On one line and harmless to terminals, titles and bars: each control character (general category Cc) and line or
-/// paragraph separator becomes a blank, what isn't valid UTF-8 becomes U+FFFD, and explicit directional formatting
-/// (UAX #9), which would go on in what follows, is left out.
+/// The text on one line, safe for terminals, window titles and status bars: each control character (general category
+/// Cc) and each line or paragraph separator becomes a blank, invalid UTF-8 becomes U+FFFD, and explicit directional
+/// formatting (UAX #9), which would affect the text after it, is removed.
 std::string onOneLine(std::string_view text);
 
-/// JSON in which everything that `onOneLine` would change is written as an escape, which leaves all values as they are.
+/// JSON with everything that `onOneLine` would change written as an escape, which leaves its values unchanged.
 std::string escapingForJson(std::string_view json);
 
 /// How many columns of a terminal the text takes (UAX #11: wide characters two, marks none).
@@ -40,10 +40,10 @@ std::string_view prefix(std::string_view text, std::size_t count);
 /// The position of the first boundary between extended grapheme clusters at or after that byte.
 std::size_t clusterBoundary(std::string_view text, std::size_t byte);
 
-/// With at most that many marks (general category M) in a row.
+/// The text with at most that many marks (general category M) in a row; further ones are removed.
 std::string limitingMarks(std::string_view text, std::size_t most);
 
-/// Without the code points of general category Zs and the tabs at both ends. Line breaks stay.
+/// The text without code points of general category Zs and tabs at both ends. Line breaks stay.
 std::string_view trimmingWhitespace(std::string_view text);
 
 }  // namespace orvel::unicode

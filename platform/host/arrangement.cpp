@@ -69,7 +69,7 @@ struct Along {
 // `before` lies between the card and where its column, or the columns, begin; `total` is the length of all of them.
 Along along(int anchor, double margin, double before, double total, double length, double room) {
     if (anchor != 0) return {anchor, margin + before};
-    if (total == length || room <= 0) return {0, margin};  // alone, it is in the middle by itself
+    if (total == length || room <= 0) return {0, margin};  // a single card is in the middle already
     return {-1, (room - total) / 2 + before};
 }
 

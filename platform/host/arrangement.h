@@ -1,5 +1,5 @@
-// Where cards stand: several in the same place form a column, and further columns when the output is full. Numbers in,
-// numbers out.
+// Computes the positions of cards: several in the same place form a column, and more columns when the output is full.
+// Numbers in, numbers out.
 #pragma once
 
 #include <span>
@@ -14,7 +14,7 @@ namespace orvel {
 /// Which monitor a card wants.
 struct OutputChoice {
     enum class Which {
-        any,      ///< as the window system thinks fit
+        any,      ///< the window system chooses
         primary,  ///< the main one
         all,      ///< a card on each
         named
@@ -47,9 +47,9 @@ struct ArrangedCard {
 /// Points between cards of a column, and between columns.
 inline constexpr double cardGap = 16;
 
-/// Cards with the same output, anchor and margin share a column, in their order, which grows from the anchored edge, or
-/// about the middle. One that would leave the output's room begins another column, further inwards. While a room isn't
-/// known, there is one column. A card whose monitor isn't there keeps its place for the time when it is.
+/// Cards with the same output, anchor and margin share a column, which grows from the anchored edge, or from the middle
+/// in both directions. A card that would lie outside the output's usable area begins another column, further inwards.
+/// While that area isn't known, there is one column. A card whose monitor isn't connected has no position.
 std::vector<ArrangedCard> arrange(std::span<const CardToArrange> cards, std::span<const Output> outputs);
 
 }  // namespace orvel

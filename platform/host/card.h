@@ -1,4 +1,4 @@
-// One entry's view as the host shows it: its family's size, the host's margins, and what is drawn.
+// A card's scene: the view in its family's size, with the margins that every card has.
 #pragma once
 
 #include "platform/host/timeline.h"

@@ -31,7 +31,7 @@ void CardBoard::show(const std::vector<CardOnShow>& cards, WindowSystem& windows
     std::set<std::string> wanted;
     std::vector<std::pair<std::string, ArrangedCard>> arranged;
     for (ArrangedCard& card : arrange(places, outputs)) {
-        // Of several surfaces of one card each has its own key.
+        // Each surface of a card on all outputs has its own key.
         const bool isOneOfSeveral = places[card.card].place.output.which == OutputChoice::Which::all;
         std::string key = cards[card.card].key + (isOneOfSeveral ? '\0' + *card.placement.output : "");
         wanted.insert(key);

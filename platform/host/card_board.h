@@ -1,4 +1,4 @@
-// The cards on show, as surfaces of the window system. Only what has changed is drawn again.
+// The shown cards as surfaces of the window system. Only cards that have changed are drawn again.
 #pragma once
 
 #include <map>
@@ -14,21 +14,22 @@ namespace orvel {
 class CardBoard {
 public:
     struct Names {
-        std::string program;   ///< by which the window system knows this one
-        std::string untitled;  ///< of a card without words
+        std::string program;   ///< the program's name for the window system
+        std::string untitled;  ///< the window's title of a card without words
     };
     CardBoard(Names names, const Localizer& localizer, std::function<void(const std::string&)> notice);
 
-    /// Gets ready to draw cards that will be shown soon.
+    /// Starts to prepare the drawing of cards that will be shown soon.
     void prepare(const std::vector<CardOnShow>& cards);
 
-    /// Shows these cards and no others, where they belong among these outputs. A card that could not be drawn the last
-    /// time is tried again.
+    /// Shows these cards and no others, at their positions on the outputs. Tries again to draw a card that couldn't be
+    /// drawn the last time.
     void show(const std::vector<CardOnShow>& cards, WindowSystem& windows);
 
     void clear() { shown_.clear(); }
 
-    /// Whether a child waits for surfaces to ask for their pixels; without it, one that asks starts another.
+    /// Whether a child process is ready to draw for surfaces that ask for pixels. Without one, the next request starts
+    /// one.
     bool isDrawing() const { return !prepared_.empty(); }
     void stopDrawing();
 
@@ -52,9 +53,9 @@ private:
     Names names_;
     const Localizer& localizer_;
     std::function<void(const std::string&)> notice_;
-    bool saysWhy_ = true;  ///< the last drawing succeeded, so a failure is news
+    bool saysWhy_ = true;  ///< the last drawing succeeded, so a failure is reported
     CardDrawing drawing_;
-    std::vector<CardPicture> prepared_;  ///< what the drawing's child can draw now
+    std::vector<CardPicture> prepared_;  ///< what the child process is ready to draw
     std::map<std::string, Shown> shown_;
 };
 

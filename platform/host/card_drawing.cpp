@@ -10,7 +10,7 @@ constexpr std::chrono::seconds longestDrawing{10};
 
 struct Question {
     std::size_t picture;
-    PixelBuffer pixels;  ///< but for the bytes, which are the answer
+    PixelBuffer pixels;  ///< except for the bytes, which are the answer
 };
 
 }  // namespace
@@ -30,7 +30,7 @@ bool CardDrawing::draw(std::size_t picture, const PixelBuffer& pixels) {
     return isAnswered;
 }
 
-// Everything that doesn't depend on the pixels happens before the first question.
+// Everything that doesn't depend on the pixels is done before the first request arrives.
 void CardDrawing::serve(const Channel& channel, const std::vector<CardPicture>& pictures) const {
     const auto renderer = loadRenderer();
     if (!renderer) return notice_("can't draw: " + renderer.failure().reason);

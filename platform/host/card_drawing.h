@@ -1,4 +1,4 @@
-// Cards drawn by a child process, so that the memory which drawing takes is gone once nothing is to be drawn.
+// Draws cards in a child process, so that the memory for drawing is freed when the drawing is finished.
 #pragma once
 
 #include <functional>
@@ -21,14 +21,14 @@ struct CardPicture {
 
 class CardDrawing {
 public:
-    /// `notice` is told in one line why nothing can be drawn. Both must outlive this.
+    /// Calls `notice` with one line that says why nothing can be drawn. Both must outlive this object.
     CardDrawing(const Localizer& localizer, std::function<void(const std::string&)> notice);
 
-    /// Starts a child that gets ready to draw these, while this process goes on.
+    /// Starts a child process that prepares to draw these, while this process continues.
     void prepare(std::vector<CardPicture> pictures);
 
-    /// Fills the pixels with one of the prepared pictures. False: it can't be drawn, or takes too long; a prepared one
-    /// may have waited too long, so preparing it again is worth a try.
+    /// Fills the pixels with one of the prepared pictures. False when it can't be drawn or takes too long. The child
+    /// may have timed out while it waited, so it is worth preparing the picture once more.
     bool draw(std::size_t picture, const PixelBuffer& pixels);
 
     /// The child is no longer needed.

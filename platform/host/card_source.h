@@ -1,4 +1,4 @@
-// What decides which cards are on show.
+// Where the host learns which cards to show.
 #pragma once
 
 #include <filesystem>
@@ -14,23 +14,23 @@
 namespace orvel {
 
 struct CardOnShow {
-    std::string key;  ///< tells the cards apart, and the same card from one look to the next
+    std::string key;  ///< identifies the card among the others, and from one look to the next
     View view;
     WidgetFamily family = WidgetFamily::systemSmall;
     CardPlace place = {};
-    std::function<void()> clicked = {};  ///< absent: clicks go to what lies below
+    std::function<void()> clicked = {};  ///< absent: clicks go to the window below
 };
 
 class CardSource {
 public:
     virtual ~CardSource() = default;
 
-    /// As of the last reload or look. Cards of the same place stand in this order.
+    /// The cards as of the last reload or look. Cards of the same place are arranged in this order.
     virtual std::vector<CardOnShow> cards() const = 0;
 
-    /// Something that the source depends on may have changed.
+    /// Called when something that the source depends on may have changed.
     virtual void reload() = 0;
-    /// The next look is due, or the clock or the zone has changed.
+    /// Called when the next look is due, or when the clock or the zone has changed.
     virtual void look() = 0;
     virtual Date nextLook() const = 0;
 

@@ -9,7 +9,7 @@
 namespace orvel {
 namespace {
 
-// Repeats the call, a send or recv, for what it has left over; false when the other end has gone.
+// Repeats the call, a send or recv, until all bytes are transferred; false when the other end is closed.
 template <class Byte, class Call>
 bool repeatUntilDone(Byte* bytes, std::size_t count, Call call) {
     while (count > 0) {
@@ -43,7 +43,7 @@ Channel forkChild(FunctionRef<void(const Channel&)> work, std::chrono::seconds m
     const pid_t child = ::fork();
     if (child < 0) return Channel(Descriptor());
     if (child == 0) {
-        parentsEnd.close();  // else its own copy would hide that the parent has gone
+        parentsEnd.close();  // otherwise the child's own copy would hide that the parent has ended
         ::signal(SIGALRM, SIG_DFL);
         ::alarm(static_cast<unsigned>(most.count()));
         try {

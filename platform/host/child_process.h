@@ -1,4 +1,4 @@
-// Work in a child process, so that the memory it takes goes with it, and a crash in it is only a failure.
+// Runs work in a child process: its memory is freed when it ends, and a crash in it is only a failure.
 #pragma once
 
 #include <chrono>
@@ -10,10 +10,11 @@
 
 namespace orvel {
 
-/// One end of a connection between two processes. Both calls wait until all is done; false when the other end has gone.
+/// One end of a connection between two processes. Both calls block until all bytes are transferred, and return false
+/// when the other end is closed.
 class Channel {
 public:
-    /// Takes a connected stream socket over; none is an end whose other end has gone.
+    /// Takes ownership of a connected stream socket. Without one, both calls return false.
     explicit Channel(Descriptor socket) : socket_(std::move(socket)) {}
 
     bool send(const void* bytes, std::size_t count) const;
@@ -23,8 +24,8 @@ private:
     Descriptor socket_;
 };
 
-/// Forks a child that ends when `work` returns, throws or takes longer than `most`; returns the parent's end of the
-/// connection to it. The calling process must have one thread, and hears of the end by SIGCHLD.
+/// Forks a child process that ends when `work` returns, throws or takes longer than `most`. Returns the parent's end of
+/// the connection to it. The calling process must have one thread, and receives SIGCHLD when the child ends.
 Channel forkChild(FunctionRef<void(const Channel&)> work, std::chrono::seconds most);
 
 }  // namespace orvel

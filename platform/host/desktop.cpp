@@ -23,9 +23,9 @@ constexpr const char* zoneFile = "/etc/localtime";
 // For surfaces that may still ask for their pixels.
 constexpr std::chrono::milliseconds longestWait{1000};
 
-/// How the process is asked to end. Other signals no longer end it.
+/// The signals that ask the process to end, as a descriptor. A broken pipe no longer ends it.
 Descriptor openSignals() {
-    ::signal(SIGPIPE, SIG_IGN);  // a window system that has gone away is told by its connection
+    ::signal(SIGPIPE, SIG_IGN);  // the connection itself reports that the window system has gone away
     ::signal(SIGCHLD, SIG_IGN);  // children are not waited for
     return openEndingSignals();
 }
@@ -45,7 +45,7 @@ public:
           zone_(loop_, {zoneFile}, [this] { look(); }) {}
 
     Result<Done, NoDisplay> run() {
-        // Beside all that is done before there are pixels to draw.
+        // The child prepares the drawing while this process connects to the window system.
         board_.prepare(source_.cards());
         auto windows = openWindowSystem(loop_);
         if (!windows) return windows.failure();
@@ -109,7 +109,7 @@ private:
     EventLoop loop_;
     GettextLocalizer localizer_;
     std::unique_ptr<WindowSystem> windows_;
-    CardBoard board_;  // goes before the windows do
+    CardBoard board_;  // destroyed before the windows
     Descriptor endingSignals_;
     EventLoop::Watch ending_;
     ClockTimer timer_;

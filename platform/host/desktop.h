@@ -1,5 +1,5 @@
-// The desktop's widget host: keeps cards on show, right within the minute, until the window system goes away or the
-// process is asked to end.
+// Shows cards on the desktop and keeps them current, to the minute, until the window system goes away or the process is
+// asked to end.
 #pragma once
 
 #include <functional>
@@ -13,24 +13,24 @@
 
 namespace orvel {
 
-/// What an extension declares to the host besides its widgets.
+/// What a program of widgets declares besides the widgets themselves.
 struct ExtensionInfo {
     std::string program;  ///< the name by which the window system knows it
-    /// The folder whose change is a reason to ask for a new timeline.
+    /// The folder whose changes cause a request for a new timeline.
     std::function<std::string(const Platform&)> watchedFolder;
-    /// Why the provider can't say what is stored, in one line for the person; absent when it can.
+    /// Why the stored designs can't be read, in one line for the person; absent when they can.
     std::function<std::optional<std::string>(const Platform&)> trouble;
 };
 
 struct DesktopChoices {
     std::string program;   ///< the name by which the window system knows it
-    std::string untitled;  ///< what a card without words is called
+    std::string untitled;  ///< the window's title of a card without words
     /// One sentence at a time, for a person.
     std::function<void(const std::string&)> notice;
 };
 
-/// Returns when SIGTERM or SIGINT asks for it, or a person closed a card's window. Fails, with one line, when there is
-/// no display or when it has gone away.
+/// Returns after SIGTERM or SIGINT, or when a person closes a card's window. Fails, with one line, when there is no
+/// display or when it has gone away.
 Result<Done, NoDisplay> showOnDesktop(CardSource& source, const DesktopChoices& choices);
 
 struct CardChoice {
@@ -38,7 +38,7 @@ struct CardChoice {
     CardPlace place = {};
 };
 
-/// The same for one widget, whose provider says what its card is. Of trouble the person is told by a notification,
+/// The same for one widget, whose provider says what its card is. Trouble is shown to the person in a notification,
 /// once.
 Result<Done, NoDisplay> showWidgetOnDesktop(const WidgetConfiguration& widget, const ExtensionInfo& extension,
                                             const CardChoice& choice, std::function<void(const std::string&)> notice,

@@ -1,4 +1,4 @@
-// One widget on show: asks its provider for timelines, knows which entry is due, and builds that entry's view.
+// A shown widget: asks its provider for timelines, knows which entry is due, and builds that entry's view.
 #pragma once
 
 #include "platform/host/widget.h"
@@ -7,19 +7,19 @@ namespace orvel {
 
 class HostedCard {
 public:
-    /// Asks for the placeholder, which is shown until a timeline has an entry, and then for the first timeline.
+    /// Asks for the placeholder, which is shown as long as the timeline has no entry, and then for the first timeline.
     HostedCard(WidgetConfiguration configuration, TimelineProviderContext context, const Platform& platform);
 
-    /// Asks for a new timeline. True when the view is another one now.
+    /// Asks for a new timeline. True when the view has changed.
     bool reload();
 
-    /// Builds the due entry's view anew, after a request for a new timeline if that is due or if the clock has gone
-    /// back behind the last request. True when the view is another one now.
+    /// Builds the due entry's view again. Before that, asks for a new timeline if that is due, or if the clock was set
+    /// back to before the last request. True when the view has changed.
     bool look();
 
     const View& view() const { return view_; }
 
-    /// When to look again: at the next whole minute, or before that when an entry or a request falls due.
+    /// When to look again: at the next whole minute, or earlier when an entry or a request falls due.
     Date nextLook() const;
 
 private:

@@ -15,7 +15,7 @@ namespace {
 
 constexpr const char* moduleFile = "orvel-renderer.so";
 
-// Beside the program where it is built, in a folder of this project's own where it is installed.
+// In the build folder, the module lies beside the program; installed, it lies in a folder of Orvel's own.
 std::vector<std::filesystem::path> modulePlaces() {
     const auto programs = installedPrograms();
     return {programs / moduleFile, programs.parent_path() / ORVEL_MODULES / moduleFile};
@@ -33,8 +33,8 @@ Result<void*, NoRenderer> loadModule() {
     return NoRenderer{std::string(moduleFile) + " is in neither place: " + joined(folders, ", ")};
 }
 
-// One of the module's libraries takes as long to read its configuration as all of them take to load, and can do it
-// meanwhile. When that can't be had, it reads it later.
+// One of the libraries (Fontconfig) takes as long to read its configuration as all of them take to load, and can do so
+// in parallel. If no thread can be started, it reads the configuration later.
 std::jthread startFontConfiguration() {
     void* const library = ::dlopen("libfontconfig.so.1", RTLD_LAZY | RTLD_LOCAL);
     void* const function = library ? ::dlsym(library, "FcInit") : nullptr;

@@ -12,8 +12,8 @@ struct NoRenderer {
     std::string reason;  ///< one line
 };
 
-/// From beside the program, or else from the folder of the installation that the program is part of; never from
-/// anywhere else. The module stays loaded; another renderer costs little then.
+/// Loads the module from the program's own folder, or else from the folder of the installation that the program is part
+/// of; never from anywhere else. The module stays loaded, so further renderers cost little.
 Result<std::unique_ptr<Renderer>, NoRenderer> loadRenderer();
 
 }  // namespace orvel

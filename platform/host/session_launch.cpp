@@ -9,18 +9,19 @@
 namespace orvel {
 namespace {
 
-// The sandbox of this process's own unit isn't the program's. Without a service manager the second line counts.
+// As a unit, the program doesn't inherit the sandbox of this process's own unit. The second line is for sessions
+// without a service manager.
 constexpr const char* launchScript =
     "systemd-run --user --quiet --collect -- \"$@\" 2> /dev/null && exit\n"
     "exec \"$@\"";
 
-// Desktop notifications, by whichever of its clients is there.
+// A desktop notification, through whichever of the usual clients is installed.
 constexpr const char* notifyScript =
     "notify-send --app-name=Orvel -- \"$1\" \"$2\" 2> /dev/null && exit\n"
     "exec gdbus call --session --dest org.freedesktop.Notifications --object-path /org/freedesktop/Notifications "
     "--method org.freedesktop.Notifications.Notify Orvel 0 '' \"$1\" \"$2\" '[]' '{}' -1 2> /dev/null";
 
-// Forks twice: nobody waits for the program, and it is nobody's child.
+// Forks twice, so that the program isn't this process's child and nobody has to wait for it.
 void run(std::vector<std::string> arguments) {
     std::vector<char*> pointers;
     for (std::string& argument : arguments) pointers.push_back(argument.data());

@@ -1,4 +1,4 @@
-// What a widget's timeline provider and its host say to each other.
+// The terms between a widget's timeline provider and the host, which shows the widget.
 #pragma once
 
 #include <array>
@@ -19,12 +19,13 @@ constexpr Size displaySize(WidgetFamily family) {
     return family == WidgetFamily::systemSmall ? Size{170, 170} : Size{364, 170};
 }
 
-/// Cards are looked at then: the reference date is a whole minute, and days have whole minutes in every zone of today.
+/// When cards are looked at again. The reference date is a whole minute, and all current zones have offsets in whole
+/// minutes.
 inline Date nextWholeMinute(Date now) {
     return {(std::floor(now.timeIntervalSinceReferenceDate / 60) + 1) * 60};
 }
 
-/// What the host tells with a request.
+/// What the host passes with a request.
 struct TimelineProviderContext {
     WidgetFamily family = WidgetFamily::systemSmall;
     Size displaySize = orvel::displaySize(WidgetFamily::systemSmall);

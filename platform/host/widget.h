@@ -1,4 +1,4 @@
-// How an extension declares its widgets to the host: a kind, names, sizes, a provider of entries and the view of one.
+// How a program declares its widgets to the host: kind, names, sizes, the provider of entries, and an entry's view.
 #pragma once
 
 #include <functional>
@@ -14,7 +14,7 @@
 
 namespace orvel {
 
-/// An entry as the host sees it: when it is due, and its view, built anew at each call.
+/// An entry as the host sees it: when it is due, and its view, which is built at each call.
 struct HostedEntry {
     Date date;
     std::function<View(const Platform&)> view;

@@ -1,4 +1,4 @@
-// What an extension's process does: it registers the bundle's widgets with the desktop's host and serves them.
+// The main function of a program of widgets: it passes the bundle's widgets to the host, which shows them.
 #pragma once
 
 #include <vector>
@@ -8,11 +8,11 @@
 
 namespace orvel {
 
-/// Shows the bundle's first widget in the place that the host gives by default. When the host can't, or can't any
-/// longer, it says so in one line on standard error and ends the process with status 1.
+/// Shows the bundle's first widget in the default place. When that is impossible, or no longer possible, it says so in
+/// one line on standard error and ends the process with status 1.
 void serve(const std::vector<WidgetConfiguration>& widgets, const ExtensionInfo& extension);
 
-/// Runs the work of a program's `main`. What it throws, such as for want of memory, ends the process with status 1 and
+/// Runs the work of a program's `main`. An exception, such as for lack of memory, ends the process with status 1 and
 /// one line on standard error.
 void runProgram(FunctionRef<void()> work);
 
