@@ -25,9 +25,9 @@ bool isWide(char32_t c) {
     return g_unichar_iswide(c);
 }
 
-// Among ASCII characters UAX #14 breaks wherever a class of numbers or punctuation ends, so that "C++", "!=" and "v.2"
-// come apart. Here lines end there only after a hyphen within a word, after a slash or a question mark, and before
-// an opening bracket.
+// Between ASCII characters, UAX #14 allows breaks where a class of numbers or punctuation ends, also inside "C++", "!="
+// and "v.2". Here, lines end there only after a hyphen within a word, after a slash or a question mark, and before an
+// opening bracket.
 bool staysAmongAscii(std::u32string_view text, std::size_t at) {
     const char32_t before = text[at - 1];
     const char32_t after = text[at];
@@ -70,8 +70,8 @@ bool belongsToCharacterAfter(char32_t c) {
     return (c >= 0x0E40 && c <= 0x0E44) || (c >= 0x0EC0 && c <= 0x0EC4);
 }
 
-// A virama after which the next consonant joins (UAX #29, GB9c, and the stacks of other scripts). Those that mostly
-// stand for themselves join only with a joiner after them.
+// A virama that joins the next consonant (UAX #29, GB9c, and the stacks of other scripts). Viramas that are mostly
+// visible signs join only when a joiner follows.
 bool joinsNextConsonant(std::u32string_view before) {
     const auto isVirama = [](char32_t c) {
         constexpr auto virama = static_cast<hb_unicode_combining_class_t>(9);
@@ -113,7 +113,7 @@ bool isBlank(char32_t character) {
 
 std::vector<Boundary> boundaries(std::u32string_view text, std::span<const PangoLogAttr> attributes) {
     using enum Boundary::Line;
-    constexpr int mostTogether = 4;  // marks that some orthography puts on one letter
+    constexpr int mostTogether = 4;  // marks on one letter, in any orthography
     int marks = 0;
     std::vector<Boundary> found(text.size() + 1);
     for (std::size_t at = 1; at < text.size(); ++at) {

@@ -11,7 +11,7 @@
 
 namespace orvel {
 
-/// What may happen before a character.
+/// What is allowed before a character.
 struct Boundary {
     enum class Line { stays, mayEnd, mayEndWithHyphen };
     Line line = Line::stays;

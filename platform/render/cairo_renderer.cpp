@@ -49,7 +49,7 @@ Result<std::string, PictureFailure> document(CairoSurfacePtr surface, const std:
     return finished(cairo_surface_status(surface.get()), bytes);
 }
 
-// Cairo numbers surfaces and images through the process's life; here they are numbered through the document.
+// Cairo numbers surfaces and images for the lifetime of the process; here the numbers begin anew in each document.
 std::string renumbered(const std::string& svg) {
     static const std::regex id("([\"#](?:surface|image))([0-9]+)");
     std::map<std::string, std::size_t> numbers;

@@ -1,5 +1,5 @@
-// The renderer of Pango and Cairo. Programs load it as a module, and only to draw: its libraries are most of what a
-// program of this project would hold in memory.
+// The renderer, built on Pango and Cairo. Programs load it as a module, and only to draw, since its libraries would
+// take more memory than all else in the program.
 #pragma once
 
 #include <memory>

@@ -31,7 +31,7 @@ std::string string(const FcPattern* pattern, const char* object) {
     return reinterpret_cast<const char*>(value);
 }
 
-// Nothing in a face says what it is but its name.
+// Only a face's name says what kind of face it is.
 Families sansFamilies(FcConfig* config, const std::string& language) {
     const PatternPtr wanted(FcPatternCreate());
     FcPatternAddString(wanted.get(), FC_LANG, bytes(language));
@@ -50,7 +50,7 @@ struct Preferences {
     std::map<std::string, Families> sans;
 };
 
-// Weakly, and after the families of the configuration: its own choice stands, and so does the language's.
+// Bound weakly, and after the families of the configuration, so that its choice and the language's have precedence.
 void addSansFamilies(FcPattern* pattern, void* data) {
     auto& preferences = *static_cast<Preferences*>(data);
     const std::string language = string(pattern, FC_LANG);

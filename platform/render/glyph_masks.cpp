@@ -11,7 +11,7 @@ GlyphMask rasterise(cairo_scaled_font_t* font, unsigned long index, double scale
     cairo_scaled_font_glyph_extents(font, &glyph, 1, &extents);
     if (extents.width <= 0 || extents.height <= 0) return {};
 
-    // One pixel of room on every side, for what rounding and the phase add.
+    // One more pixel on every side, for rounding and the phase.
     GlyphMask mask;
     mask.leftPx = static_cast<int>(std::floor(extents.x_bearing * scale)) - 1;
     mask.topPx = static_cast<int>(std::floor(extents.y_bearing * scale)) - 1;

@@ -20,8 +20,8 @@ public:
     /// A glyph's origin lies at one of this many positions across a pixel.
     static constexpr int phases = 4;
 
-    /// The glyph drawn `scale` times as large as the font has it, its origin `phase` / `phases` pixels to the right of
-    /// a pixel's edge. The mask lasts until the next call.
+    /// The glyph at `scale` times the font's size, its origin `phase` / `phases` pixels to the right of a pixel's edge.
+    /// The mask lasts until the next call.
     const GlyphMask& mask(cairo_scaled_font_t* font, unsigned long glyph, double scale, int phase);
 
 private:

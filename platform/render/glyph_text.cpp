@@ -25,7 +25,7 @@ std::vector<bool> characterStarts(PangoLayout* layout) {
     return starts;
 }
 
-// The glyphs with ink or room among these; the others are left out.
+// Those of the glyphs that have ink or an advance.
 int visible(const PangoGlyphString& glyphs, int first, int last) {
     int count = 0;
     for (int i = first; i < last; ++i) count += glyphs.glyphs[i].glyph != PANGO_GLYPH_EMPTY;

@@ -26,7 +26,7 @@ void addRoundedRectangle(cairo_t* cr, Size size, double radius) {
     cairo_close_path(cr);
 }
 
-// Whether the mark lies so far inside that the rounded shape can't cut it. Ink may reach a little out of a frame.
+// Whether the mark lies so far inside that the rounded shape can't cut it. Ink may extend a little beyond the frame.
 bool isInside(const Mark& mark, Size size, double cornerRadius) {
     const auto* arc = std::get_if<ArcMark>(&mark.content);
     const double overshoot = arc ? arc->stroke.lineWidth : mark.frame.size.height / 2;
@@ -142,7 +142,7 @@ void Painter::paint(cairo_t* context, const Scene& scene, double cornerRadius, T
         setColor(context, *scene.background);
         cairo_fill_preserve(context);
     }
-    // A clip of that shape slows every mark down, and most cards have nothing near their edge.
+    // Clipping to that shape slows down the drawing of every mark, and most cards have nothing near their edges.
     const bool clips =
         !std::ranges::all_of(scene.marks, [&](const Mark& mark) { return isInside(mark, scene.size, cornerRadius); });
     if (clips)

@@ -1,4 +1,4 @@
-// Replays a scene on a Cairo surface. A painter keeps what drawing again can use; it belongs to one thread.
+// Replays a scene on a Cairo surface. A painter caches what later drawings can reuse; use it in one thread.
 #pragma once
 
 #include <memory>

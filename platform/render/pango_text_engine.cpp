@@ -27,7 +27,7 @@ int units(std::optional<double> width) {
     return static_cast<int>(std::ceil(std::clamp(*width, 0.0, widest) * PANGO_SCALE));
 }
 
-// The text's bytes and the numbers', as a key.
+// A key made of the text's bytes and the numbers' bytes.
 std::string keyOf(std::string_view text, std::initializer_list<double> numbers) {
     std::string key;
     key.reserve(text.size() + numbers.size() * sizeof(double));
@@ -39,7 +39,7 @@ std::string keyOf(std::string_view text, std::initializer_list<double> numbers) 
 }  // namespace
 
 struct PangoTextEngine::State {
-    // Enough for every text of many cards; when full, all are forgotten.
+    // Enough for all texts of many cards. When the cache is full, it is emptied.
     static constexpr std::size_t mostRemembered = 512;
     static constexpr std::size_t longestRemembered = 4096;
 
@@ -62,7 +62,7 @@ struct PangoTextEngine::State {
         return typefaces.try_emplace(key, context.get(), font).first->second;
     }
 
-    // Measured once, whatever the widths that it is laid out in.
+    // Shaped once, for all widths in which it is laid out.
     std::shared_ptr<Paragraph> paragraph(std::string_view text, const Font& font) {
         std::shared_ptr<Paragraph> made;
         std::shared_ptr<Paragraph>* place = &made;
@@ -74,7 +74,7 @@ struct PangoTextEngine::State {
         return *place;
     }
 
-    // The paragraph on at most that many lines. Of a long one only as much is shaped as these lines can show.
+    // The paragraph on at most that many lines. Only as much of a long one is shaped as these lines can show.
     Paragraph::Lines lines(std::string_view text, const Font& font, int bound, int mostLines, bool moreFollows) {
         const bool wraps = bound != Paragraph::unbounded;
         for (std::size_t bytes = wraps ? 2048 : longestLine;; bytes *= 2) {
@@ -84,7 +84,7 @@ struct PangoTextEngine::State {
             Paragraph::Lines lines = paragraph(part, font)->lines(bound, mostLines, enough && (moreFollows || !whole));
             if (lines.cut || whole) return lines;
             if (!enough) continue;
-            // Nothing but what has no width fills the lines.
+            // The lines hold only characters without width.
             lines.cut = true;
             return lines;
         }
@@ -114,7 +114,7 @@ struct PangoTextEngine::State {
     }
 
     void addLines(ShapedText& shaped, TextBlock& block, const Font& font) const {
-        const double furthest = 1.5 * font.size;  // marks can be piled up without end
+        const double furthest = 1.5 * font.size;  // marks can be stacked without limit
         for (const auto& paragraph : shaped.paragraphs)
             for (GSList* entry = pango_layout_get_lines_readonly(paragraph.get()); entry; entry = entry->next) {
                 auto* const line = static_cast<PangoLayoutLine*>(entry->data);

@@ -16,7 +16,7 @@ public:
     FontMetrics metrics(const Font& font) override;
     TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) override;
 
-    /// No line holds more bytes of text than this; what is beyond is cut.
+    /// No line holds more bytes of text than this; the rest is cut.
     static constexpr std::size_t longestLine = 4096;
 
 private:

@@ -46,7 +46,7 @@ void Paragraph::measure() {
     characters_.push_back({text_.size(), 0, false, false});
 }
 
-// Every character's share of its cluster's advance. No line can end inside a cluster of the font, such as a ligature.
+// Each character's share of its cluster's advance. A line can't end inside a cluster of the font, such as a ligature.
 void Paragraph::measureClusters() {
     const auto indexOf = [&](int at) {
         const auto found = std::ranges::lower_bound(characters_, static_cast<std::size_t>(at), {}, &Character::byte);
@@ -76,8 +76,8 @@ int Paragraph::advance(int from, const Character& character) const {
     return (from / stop + 1) * stop;
 }
 
-// The furthest place within the bound where a line may end; else the furthest between clusters; else inside one; but
-// past one letter.
+// The furthest place within the bound where a line may end; else the furthest between clusters; else inside a cluster.
+// At least one letter stays on the line.
 std::size_t Paragraph::lineEnd(std::size_t first, int bound, std::size_t furthest) const {
     std::size_t best = first;
     std::size_t insideWord = first;
@@ -97,8 +97,8 @@ std::size_t Paragraph::lineEnd(std::size_t first, int bound, std::size_t furthes
     return best != first ? best : insideWord != first ? insideWord : insideCluster;
 }
 
-// Broken inside a word, a line by itself can be wider than the same piece of the whole, for want of a join. It ends
-// sooner then.
+// A line that is broken inside a word can be wider than the same letters in the whole word, because a join is missing
+// at its end. It then ends earlier.
 std::size_t Paragraph::lineEndAlone(std::size_t first, int bound, std::size_t furthest) const {
     for (;;) {
         const std::size_t end = lineEnd(first, bound, furthest);
@@ -172,7 +172,7 @@ Paragraph::Lines Paragraph::lines(int bound, int mostLines, bool moreFollows) {
     if (!moreFollows && !endsInBlank(text_) && widthOf(oneLine_.get(), 0) <= bound)
         return {ObjectPtr<PangoLayout>(PANGO_LAYOUT(g_object_ref(oneLine_.get()))), text_, false};
     measure();
-    // Kerning and joins differ at the ends of lines. What is too wide for that ends sooner.
+    // Kerning and joins differ at the ends of lines. A line that became too wide for that reason ends earlier.
     std::vector<std::size_t> furthest;
     for (;;) {
         const std::vector<Line> lines = split(bound, mostLines, moreFollows, furthest);

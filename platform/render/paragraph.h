@@ -23,9 +23,8 @@ public:
     /// The typeface must outlive the paragraph. The text is valid UTF-8.
     Paragraph(std::string text, const Typeface& typeface);
 
-    /// At most that many lines, each within `bound` Pango units or of one letter; of more, the last that stays ends in
-    /// an ellipsis, and so does the last of exactly as many when more text follows. Blanks at the end of a line are
-    /// left out.
+    /// At most that many lines, each within `bound` Pango units or of one letter. When there is more text, the last
+    /// line ends in an ellipsis. Blanks at the end of a line are left out.
     Lines lines(int bound, int mostLines, bool moreFollows);
 
 private:

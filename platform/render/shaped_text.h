@@ -1,4 +1,4 @@
-// The lines that the text engine made, as the painter takes them. Private to this folder.
+// The text engine's lines in the form that the painter draws. Private to this folder.
 #pragma once
 
 #include <vector>

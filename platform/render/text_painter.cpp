@@ -36,7 +36,7 @@ bool hasUnknownGlyph(const PangoGlyphString& glyphs) {
                        [](const PangoGlyphInfo& glyph) { return (glyph.glyph & PANGO_GLYPH_UNKNOWN_FLAG) != 0; });
 }
 
-// Whether glyphs reach into one another, as joined letters and marks do. The system font's letters don't.
+// Whether glyphs overlap, as joined letters and marks do. The letters of the system font don't.
 bool hasOverlaps(const PangoLayoutRun& run) {
     const PangoGlyphString& glyphs = *run.glyphs;
     const auto isMark = [](const PangoGlyphInfo& glyph) { return glyph.geometry.width == 0; };
@@ -87,7 +87,7 @@ private:
         }
     }
 
-    // A run of glyphs of one font, from there on along the baseline.
+    // A run of glyphs of one font along the baseline, beginning at that point.
     void drawRun(const PangoLayoutLine& line, PangoLayoutRun& run, double x) {
         cairo_scaled_font_t* const scaled = scaledFont(run);
         const bool color = scaled && hasColorGlyphs(scaled);

@@ -7,7 +7,7 @@
 
 namespace orvel {
 
-/// In one tone, wherever its glyphs overlap; glyphs in colours of their own follow its opacity.
+/// Draws a translucent text in one tone, also where its glyphs overlap. Coloured glyphs take over its opacity.
 void drawText(cairo_t* cr, const TextMark& text, const Rect& frame, Target target, GlyphMasks& masks);
 
 }  // namespace orvel

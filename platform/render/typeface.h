@@ -26,8 +26,8 @@ public:
     /// The context must outlive the typeface.
     Typeface(PangoContext* context, const Font& font);
 
-    /// One paragraph; line separators end its lines. What begins at the byte `mark` is shaped by itself, without
-    /// kerning.
+    /// One paragraph; line separators end its lines. The text from the byte `mark` on is shaped by itself, without
+    /// kerning to the text before.
     ObjectPtr<PangoLayout> shaped(const std::string& text, std::optional<std::size_t> mark = {}) const;
 
     /// Pango units.

@@ -1,5 +1,5 @@
-// Words of the scripts that leave no blanks between them, from ICU's dictionaries where ICU is installed. It is loaded
-// when such a text first shows, and by whoever draws it only. Private to this folder.
+// Finds words in scripts that are written without blanks between them, with ICU's dictionaries where ICU is installed.
+// ICU is loaded when such a text is first drawn. Private to this folder.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,6 @@
-// A part of a contour that runs through the area is replaced by a way along the area's border. Outside, that changes
-// nothing. Inside, all points are then run around equally often, and contours around the whole area make that zero.
+// A part of a contour that runs through the area is replaced by a path along the area's border. Outside the area, that
+// changes nothing. Inside, all points then have the same winding number, and contours around the whole area make it
+// zero.
 #include "platform/symbols/clearing.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Symbols that are made of others, as a line of a table says.
+// Symbols composed of others, as described by a line of a table.
 #pragma once
 
 #include <functional>

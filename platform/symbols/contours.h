@@ -19,11 +19,11 @@ Polygon flattened(const Contour& contour);
 
 Contour contour(const Polygon& polygon);
 
-/// How often a closed line runs around a point, positive when clockwise.
+/// The winding number of a closed line around a point, positive when clockwise.
 int windings(const Polygon& polygon, Point point);
 
-/// The same areas, which now all run one way, the holes in them the other way. Fonts don't always hold to that. No two
-/// contours cross.
+/// The same contours, with all areas running one way and their holes the other way, which fonts don't always do. The
+/// contours must not cross.
 SymbolOutline running(const SymbolOutline& outline, Turn areas);
 
 }  // namespace orvel

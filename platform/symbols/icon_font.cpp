@@ -70,7 +70,7 @@ struct IconFont::State {
         if (library) FT_Done_FreeType(library);
     }
 
-    // Fonts spell their ligatures with letters that have no advance, and hold control characters without an outline.
+    // The fonts contain letters without an advance, which spell ligatures, and control characters without an outline.
     Glyph icon(FT_UInt glyph) const {
         if (glyph == 0 || FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE) != 0) return none;
         const bool shows = face->glyph->metrics.horiAdvance != 0 && face->glyph->outline.n_points != 0;

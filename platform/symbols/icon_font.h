@@ -1,4 +1,4 @@
-// An icon font of those in the binary, opened when it is first asked.
+// An icon font that is part of the binary. It is opened when it is first used.
 #pragma once
 
 #include <memory>

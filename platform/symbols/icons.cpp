@@ -31,7 +31,7 @@ std::optional<SymbolOutline> Icons::symbol(std::string_view name) {
 std::optional<SymbolOutline> Icons::part(std::string_view name) {
     if (const auto pathData = drawn_.find(name)) return outlineOfPathData(*pathData);
     auto icon = find(name);
-    // What has no filled symbol is often in a box in the second font.
+    // In the second font, symbols without a filled form often have one in a box.
     const auto outlined = without(".fill", name);
     if (!icon && !(outlined && find(*outlined))) icon = ofSecondFont(replaced(name, '.', '-'));
     if (!icon) return std::nullopt;

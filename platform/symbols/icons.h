@@ -31,7 +31,7 @@ private:
     std::optional<Icon> find(std::string_view name);
     std::optional<Icon> ofSecondFont(std::string_view name);
 
-    // Both sets shall look equally large: the second one leaves more space around its icons.
+    // Both sets should look equally large, but the second one leaves more space around its icons.
     static constexpr double secondScale = 1.06;
 
     IconFont first_{symbol_data::firstFont()};

@@ -9,7 +9,7 @@ namespace {
 
 using Words = std::vector<std::string_view>;
 
-// How well a name goes with what is searched, the best first.
+// How well a name matches the searched text, the best first.
 enum class Fit { exact, words, synonym, part };
 
 struct Rank {

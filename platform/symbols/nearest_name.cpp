@@ -7,7 +7,7 @@
 namespace orvel {
 namespace {
 
-// The cheapest way from one sequence to the other by replacing, putting in and leaving out.
+// The edit distance between two sequences, by replacing, inserting and deleting.
 template <class Sequence, class Replacing>
 std::size_t editDistance(const Sequence& a, const Sequence& b, std::size_t insertion, Replacing replacing) {
     std::vector<std::size_t> costs(b.size() + 1);

@@ -8,9 +8,9 @@
 
 namespace orvel {
 
-/// The known name with the fewest changes, if there are few for its length; of equally near ones the first. A change is
-/// a letter put in, left out or replaced; a word cut short counts as one change, a word too many as three. The words of
-/// known names are separated by dots; any separators and letter cases will do in the given one.
+/// The known name that takes the fewest changes, if they are few for its length; the first of equally near ones. A
+/// change is an inserted, deleted or replaced letter; a shortened word counts as one change, an additional word as
+/// three. The words of known names are separated by dots; the given name may have any separators and letter cases.
 std::optional<std::string> nearestName(std::string_view name, const std::vector<std::string>& known);
 
 }  // namespace orvel

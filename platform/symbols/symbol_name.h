@@ -8,14 +8,14 @@
 
 namespace orvel::symbol_name {
 
-/// Whether it may name a symbol: words of small letters and digits, separated by dots. The logos of companies, which
-/// the fonts also have, are no symbols.
+/// Whether it may name a symbol: words of lower-case letters and digits, separated by dots. The logos of companies,
+/// which the fonts also contain, don't count as symbols.
 bool isValid(std::string_view text);
 
-/// What stands before an ending, absent when the name doesn't have it.
+/// The name without that ending; absent when the name doesn't have it.
 std::optional<std::string_view> without(std::string_view ending, std::string_view name);
 
-/// What a person typed, in small letters and with a dot wherever they separated words.
+/// A typed name in lower case, with dots between its words.
 std::string spelled(std::string_view text);
 
 /// The words between the dots; none is empty.

@@ -57,7 +57,7 @@ struct Symbols::State {
         return std::nullopt;
     }
 
-    // Small as it is there, a symbol is clearest filled.
+    // A symbol that is drawn this small is clearest when it is filled.
     std::optional<SymbolOutline> enclosed(std::string_view base, std::string_view weight, std::string_view ending) {
         auto symbol = weight == "outlined" ? std::nullopt : load(std::string(base) + std::string(fill));
         if (!symbol) symbol = load(base);
@@ -93,7 +93,7 @@ struct Symbols::State {
     NameTable enclosable = symbol_data::enclosable();
     NameTable synonyms = symbol_data::synonyms();
     std::map<std::string, std::optional<SymbolOutline>, std::less<>> outlines;
-    std::vector<std::string> known;  ///< once somebody asked for them
+    std::vector<std::string> known;  ///< empty until they are first needed
 };
 
 Symbols::Symbols() : state_(std::make_unique<State>()) {}

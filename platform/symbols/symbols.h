@@ -21,9 +21,9 @@ public:
     /// Every name that can be drawn, in alphabetical order.
     std::vector<std::string> names() const;
 
-    /// The names that go with what a person calls them: best first the name itself, then those that have the words,
-    /// then those of everyday words such as "home" or "weather", then those that contain the text. Letter cases and
-    /// separators don't matter; a name goes with all words.
+    /// The names that match the words of a search: first the name itself, then names that have these words, then names
+    /// for everyday words such as "home" or "weather", then names that contain the text. Letter cases and separators
+    /// don't matter; a name matches all of the words.
     std::vector<std::string> search(std::string_view words) const;
 
     /// The name that can be drawn and that this one was probably meant to be, if there is one.

@@ -1,4 +1,4 @@
-// Lengths along one of the two axes, for what a row and a column have in common.
+// Lengths along one of the two axes, so that rows and columns share their code.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// One side of a flexible frame: what it offers its content, and how long it is itself.
+// One side of a flexible frame: the length that it proposes to its content, and its own length.
 #pragma once
 
 #include <algorithm>

@@ -40,7 +40,8 @@ struct Angle {
     friend bool operator==(const Angle&, const Angle&) = default;
 };
 
-/// What a parent offers a child. Absent asks for the ideal size, zero for the minimum, infinity for the maximum.
+/// The size that a parent proposes to a child. Absent asks for the ideal size, zero for the minimum, infinity for the
+/// maximum.
 struct ProposedSize {
     std::optional<double> width;
     std::optional<double> height;

@@ -13,7 +13,7 @@ public:
     explicit GettextLocalizer(const std::filesystem::path& directory);
     std::string lookUp(std::string_view key) const override;
 
-    /// "share/locale" of the prefix that the running program is installed in, as its own place in "bin" tells.
+    /// "share/locale" of the prefix in which the running program is installed.
     static std::filesystem::path installedDirectory();
 };
 

@@ -1,4 +1,4 @@
-// What a card is made of, as JSON: the view tree just as it was built, and the marks that it draws.
+// Describes a card as JSON: the view tree as it was built, and the marks that it draws.
 #pragma once
 
 #include <optional>
@@ -10,9 +10,9 @@
 
 namespace orvel {
 
-/// Nothing resolved, nothing laid out: every view is an object with "view" and its arguments; containers have
-/// "children", modifiers "content". An argument that wasn't given is left out; an infinite length is the text
-/// "infinity", a number that JSON can't hold "nan".
+/// The tree before its layout. Each view is an object with "view" and its arguments; containers have "children",
+/// modifiers "content". An argument that wasn't given is left out; an infinite length is the text "infinity", a number
+/// that JSON can't hold "nan".
 void write(json::Writer& writer, const View& view);
 
 /// {"family":…,"size":[…],"background":…,"tree":{…},"marks":[…]}. Absent when a text of it is not valid UTF-8.

@@ -11,7 +11,7 @@ bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-// As font libraries write it: "zh-tw". They know Chinese by its regions only.
+// The language as font libraries write it: "zh-tw". They distinguish kinds of Chinese only by region.
 std::string tag(std::string_view language) {
     std::string tag(language.substr(0, language.find_first_of(".@")));
     for (char& c : tag) {
@@ -36,7 +36,7 @@ void useLanguage(const std::string& language) {
     const std::string fonts = tag(language);
     ::setenv("FC_LANG", fonts.c_str(), 1);
     ::setenv("PANGO_LANGUAGE", fonts.c_str(), 1);
-    // Where messages aren't in any language, a list of languages is passed over.
+    // When the message locale names no language, gettext ignores the list of languages.
     ::setenv("LANGUAGE", language.substr(0, language.find_first_of(".@")).c_str(), 1);
     const char* const messages = std::setlocale(LC_MESSAGES, nullptr);
     if (!messages || messages == std::string_view("C") || messages == std::string_view("POSIX"))

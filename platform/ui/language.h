@@ -1,4 +1,4 @@
-// The language that this process reads and draws in, when it isn't to be the environment's.
+// Sets the language in which this process draws, in place of the environment's.
 #pragma once
 
 #include <string>
@@ -9,8 +9,8 @@ namespace orvel {
 /// Whether it names a language as the environment does: "ja", "zh_TW", "pt-BR", "de_DE.UTF-8".
 bool isLanguage(std::string_view text);
 
-/// Translations, and the faces that stand in where the system font has no glyph, are that language's from now on. To be
-/// called while the process has one thread, and before a renderer is loaded: the libraries read the environment once.
+/// From now on, translations are in that language, and so is the choice of fallback faces. Call it while the process
+/// has one thread, and before a renderer is loaded: the libraries read the environment once.
 void useLanguage(const std::string& language);
 
 }  // namespace orvel

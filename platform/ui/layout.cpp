@@ -17,8 +17,8 @@ class Layout {
 public:
     explicit Layout(const LayoutContext& context) : context_(context) {}
 
-    // A stack asks each of its children several times, and a stack in it its own at each of these: remembering the
-    // answers keeps what deep trees cost from multiplying with every level.
+    // A stack lays out each child several times, and nested stacks multiply that. Remembering the results keeps the
+    // cost of deep trees from growing with every level.
     Shared arrange(const View& view, const ProposedSize& proposal, const Environment& environment) {
         auto& answers = answers_[&view.node()];
         for (const Answer& answer : answers)
@@ -149,7 +149,7 @@ private:
         return shared({.size = content->size, .rotation = modified.arguments, .parts = {{{}, content}}});
     }
 
-    // Whoever shows the tree in a container reads the background from it.
+    // The background is drawn by whoever shows the tree; it doesn't affect the layout.
     Shared arrange(const node::Modified<node::ContainerBackground>& modified, const ProposedSize& proposal,
                    const Environment& environment) {
         return arrange(modified.content, proposal, environment);

@@ -14,7 +14,7 @@
 
 namespace orvel {
 
-/// What a layout needs from outside the tree.
+/// What a layout needs besides the tree.
 struct LayoutContext {
     TextEngine& text;
     const Localizer& localizer;

@@ -8,8 +8,8 @@
 
 namespace orvel {
 
-/// A key of the string table, with the integers to put into it. In the key an integer stands as "%lld" and a percent
-/// sign as "%%", but only where something is interpolated; a key that is one literal stands as it is.
+/// A key of the string table, with the integers to insert into it. In a key with integers, each of them is written
+/// "%lld", and a percent sign "%%"; a key that is a single literal is taken as it is.
 struct LocalizedStringKey {
     std::string key;
     std::vector<std::int64_t> arguments;
@@ -38,7 +38,7 @@ public:
     std::string lookUp(std::string_view key) const override { return std::string(key); }
 };
 
-/// The text to show: the key looked up, its integers put in as plain decimal digits. A translation may change their
+/// The text to show: the key's translation with its integers in plain decimal digits. A translation may change their
 /// order ("%2$lld"); any other directive in it stays as it is.
 std::string localized(const LocalizedStringKey& key, const Localizer& localizer);
 

@@ -1,4 +1,4 @@
-// What the system asks of its drawing libraries: lines of text to lay out, and pictures of scenes.
+// The interface to the drawing libraries: they lay out lines of text and draw scenes.
 #pragma once
 
 #include <string>
@@ -22,7 +22,7 @@ struct Picture {
     std::vector<Card> cards;
 };
 
-/// Why there are no bytes, in the words of the drawing library.
+/// Why nothing could be drawn, in the words of the drawing library.
 struct PictureFailure {
     std::string reason;
 };
@@ -31,13 +31,13 @@ struct PictureFailure {
 struct FontReport {
     std::string systemFont;            ///< the family that is wanted
     std::string family;                ///< the family that is used; another one where that isn't installed
-    std::vector<std::string> missing;  ///< of the scripts in wide use, those that no installed font has
+    std::vector<std::string> missing;  ///< the scripts in wide use that no installed font has
 };
 
-/// An SVG's glyphs are outlines; the words can be there as well.
+/// The glyphs in an SVG are outlines; it can contain the words as well.
 enum class SvgText { none, selectable };
 
-/// Same scenes, same bytes. A renderer keeps what drawing again can use; it belongs to one thread.
+/// The same scenes give the same bytes. A renderer caches what later drawings can reuse; use it in one thread.
 class Renderer {
 public:
     virtual ~Renderer() = default;
@@ -48,7 +48,7 @@ public:
 
     virtual FontReport fonts() const = 0;
 
-    /// Draws over what the pixels are, at their scale. False when memory runs out.
+    /// Draws over the given pixels, at their scale. False when memory runs out.
     virtual bool paint(const Picture& picture, const PixelBuffer& pixels) = 0;
 
     /// 32-bit RGBA; `scale` pixels to the point, sides rounded to whole pixels. Transparent outside the cards.

@@ -56,9 +56,9 @@ struct Scene {
     std::vector<Mark> marks;
 };
 
-/// Lays the view out inside a container, centred within equal margins, and lists what it draws. What is too large
-/// begins at the leading top corner, so that its beginning shows. Empty texts, empty arcs and symbols that aren't in
-/// the set leave no mark.
+/// Lays the view out inside a container, centred within equal margins, and lists its marks. A view that is too large
+/// begins at the leading top corner, so that its beginning is visible. Empty texts, empty arcs and unknown symbols
+/// leave no mark.
 Scene makeScene(const View& view, Size container, double margin, const LayoutContext& context,
                 const SymbolSet& symbols);
 

@@ -1,4 +1,4 @@
-// A row or column: its children shared out along one axis and aligned across it.
+// Lays out a row or column: its children share the length of one axis and are aligned across it.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,8 @@ struct StackLayout {
     Alignment alignment;            ///< only its part across the axis counts
 };
 
-/// `arrange` lays one child out under an offer. It is asked several times for each, often with the same offer.
+/// `arrange` lays one child out in a proposed size. It is called several times for each child, often with the same
+/// size.
 Placed arrangeStack(const std::vector<View>& children, const StackLayout& stack, const ProposedSize& proposal,
                     FunctionRef<std::shared_ptr<const Placed>(const View&, const ProposedSize&)> arrange);
 

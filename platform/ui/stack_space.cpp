@@ -12,7 +12,7 @@ double flexibility(const StackChild& child) {
     return child.maximum == child.minimum ? 0 : child.maximum - child.minimum;  // both may be infinite
 }
 
-/// What remains of a space; an infinite one has no end.
+/// What remains of a space; an infinite one stays infinite.
 double without(double length, double space) {
     return space == infinity ? infinity : space - length;
 }

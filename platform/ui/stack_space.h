@@ -17,9 +17,9 @@ struct StackChild {
 };
 
 /// The children's lengths along the stack's axis, in their order. `available` is the stack's length less all gaps;
-/// absent when the stack is asked for its ideal length, which every child then is too.
+/// absent when the stack is asked for its ideal length, for which it then asks every child.
 ///
-/// Groups of equal priority are served from the highest on; each gets what is left less the minima of the lower groups.
+/// Groups of equal priority are served from the highest down; each gets what is left less the minima of lower groups.
 /// Within a group the least flexible child (maximum less minimum) chooses first, ties in order, and is offered an equal
 /// share of what the group has left. `choose` is called once per child, with its offer, and answers its length; the sum
 /// may exceed what is available.

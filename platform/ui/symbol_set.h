@@ -1,4 +1,4 @@
-// What layout and painting ask of a set of symbols: outlines by name.
+// The interface to a set of symbols: outlines by name.
 #pragma once
 
 #include <string_view>
@@ -22,8 +22,8 @@ class SymbolSet {
 public:
     virtual ~SymbolSet() = default;
 
-    /// The outline, or null. It lasts until the next call; an object belongs to one thread. Names are data from
-    /// anywhere: whatever isn't a name of the set is just not in it.
+    /// The outline, or null when the set has no such symbol; any text may be given. The outline lasts until the next
+    /// call. Use an object in one thread.
     virtual const SymbolOutline* outline(std::string_view name) const = 0;
 
     bool contains(std::string_view name) const { return outline(name) != nullptr; }

@@ -1,4 +1,4 @@
-// What layout asks of a text system: lines of one font, broken and cut to a width.
+// The interface to a text system: lines of one font, broken and cut to a width.
 #pragma once
 
 #include <memory>
@@ -24,7 +24,7 @@ struct TextBlock {
     int lines = 0;          ///< an empty text is one line
     std::string text = {};  ///< what is shown: without control characters, and ending in "…" when cut
     bool cut = false;
-    FontMetrics otherFaces = {};  ///< how far the ink reaches of faces that stand in for the font's
+    FontMetrics otherFaces = {};  ///< how far the ink of fallback faces extends
     std::shared_ptr<const ShapedText> shaped = {};
 };
 
@@ -35,10 +35,10 @@ public:
     virtual FontMetrics metrics(const Font& font) = 0;
 
     /// Breaks the text at its own line breaks and, to keep within `width` (absent: no bound), between words, or inside
-    /// a word that is too wide on its own. Blanks hang over a line's end. Of more than `mostLines` (at least 1) lines
-    /// the last one that remains is cut with "…", never inside a cluster that people see as one character. Lines that
-    /// show nothing are the first to go: those at the end without a "…", then those at the start. Every line has at
-    /// least one letter, however narrow the width; no other line is wider than it.
+    /// a word that is too wide by itself. Blanks hang over a line's end. If there are more than `mostLines` (at least
+    /// 1) lines, the last one that remains is cut with "…", never inside a user-perceived character. Invisible lines
+    /// are removed first: those at the end without a "…", then those at the start. Every line has at least one letter,
+    /// however narrow the width; only lines of one letter can be wider than it.
     virtual TextBlock layOut(std::string_view text, const Font& font, std::optional<double> width, int mostLines) = 0;
 };
 

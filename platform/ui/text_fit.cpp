@@ -20,7 +20,7 @@ public:
         TextBlock whole = layOut(1);
         const double least = std::clamp(style_.minimumScaleFactor, 0.01, 1.0);
         if (least == 1 || fits(whole, 1)) return fitted(std::move(whole), 1);
-        // Some texts are cut in any width, by their own line breaks; shrinking shows no more of those.
+        // Some texts are cut at any width, because of their own line breaks; shrinking wouldn't show more of them.
         most_ = engine_.layOut(text_, style_.font, std::nullopt, mostLines(least, line_.height));
         if (fits(whole, 1)) return fitted(std::move(whole), 1);
         if (mostLines(least, line_.height) == 1) return fitOneLine(least);
@@ -85,8 +85,8 @@ private:
         return most;
     }
 
-    // Other faces keep within their line, and a little off the next: on another baseline if that suffices, else in a
-    // higher line.
+    // The ink of other faces stays within its line, a little away from the next: on another baseline if that suffices,
+    // else in a higher line.
     Line lineOf(const TextBlock& block) const {
         const auto [ascent, descent] = block.otherFaces;
         if (ascent <= line_.baseline && descent <= line_.height - line_.baseline) return line_;
@@ -109,7 +109,7 @@ private:
     const ProposedSize& proposal_;
     TextEngine& engine_;
     Line line_;
-    std::optional<TextBlock> most_;  // what could be shown if the width were unbounded
+    std::optional<TextBlock> most_;  // what an unbounded width would show
 };
 
 }  // namespace

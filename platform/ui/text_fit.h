@@ -1,4 +1,4 @@
-// How a text fits into an offer: whole if it can, else shrunk as far as it may, else cut.
+// Fits a text into a proposed size: whole if possible, else shrunk as far as it may, else cut.
 #pragma once
 
 #include <optional>
@@ -28,10 +28,10 @@ struct FittedText {
 inline constexpr int mostTextLines = 64;
 
 /// A line is as high as the font's ascent and descent, rounded up to a whole point; the rest is shared evenly above and
-/// below. Where another face stands in whose ink is higher, such as Tibetan's, that text's lines are as high as the
-/// ink. As many whole lines are kept as the offered height holds, but at least one. Scaling multiplies everything,
-/// without steps: it is the largest factor with which nothing more could be shown and the height suffices. Empty text
-/// is an empty line.
+/// below. When the ink of a fallback face is higher, such as Tibetan's, the text's lines are as high as that ink. As
+/// many whole lines are shown as the proposed height holds, but at least one. Scaling multiplies everything, without
+/// steps, by the largest factor at which the text shows as much as it can within the height. An empty text is an empty
+/// line.
 FittedText fitText(std::string_view text, const TextStyle& style, const ProposedSize& proposal, TextEngine& engine);
 
 }  // namespace orvel

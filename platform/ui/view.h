@@ -55,11 +55,11 @@ public:
     View lineLimit(int lines) const;
     /// Text may shrink to that fraction of its size, above 0 to 1, before it is cut.
     View minimumScaleFactor(double factor) const;
-    /// Turns the drawing; the layout doesn't notice.
+    /// Turns the drawing without affecting the layout.
     View rotationEffect(Angle angle, UnitPoint anchor = UnitPoint::center()) const;
     View containerBackground(Color color, ContainerBackgroundPlacement placement) const;
 
-    /// Deep.
+    /// Compares whole trees.
     friend bool operator==(const View& a, const View& b);
 
 private:
@@ -89,7 +89,7 @@ public:
     std::vector<View> views;
 };
 
-/// A container that waits for its children: VStack(alignment, spacing)({first, second}).
+/// A container before it has its children: VStack(alignment, spacing)({first, second}).
 template <class Stack>
 struct ContainerBuilder {
     Stack stack;
@@ -165,7 +165,7 @@ struct ContainerBackground {
     ContainerBackgroundPlacement placement;
     friend bool operator==(const ContainerBackground&, const ContainerBackground&) = default;
 };
-/// Which element of the data a child stands for.
+/// The element of the data that a child represents.
 struct Identity {
     std::int64_t id;
     friend bool operator==(const Identity&, const Identity&) = default;
@@ -193,7 +193,7 @@ namespace Image {
 View systemName(std::string_view name);
 }  // namespace Image
 
-/// A gap along the enclosing stack's axis that takes what the other children leave.
+/// A gap along the enclosing stack's axis that takes the space that the other children leave.
 View Spacer(std::optional<double> minLength = std::nullopt);
 
 /// A circle's outline, to be stroked or filled.

@@ -1,4 +1,4 @@
-// A view's texts without the drawing: what a screen reader has to say.
+// A view's texts in one line, for screen readers.
 #pragma once
 
 #include <string>
