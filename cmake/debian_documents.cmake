@@ -33,3 +33,7 @@ file(WRITE ${documents}/changelog
 file(GLOB_RECURSE pages ${CPACK_TEMPORARY_DIRECTORY}/*/man/*.[15])
 file(CHMOD ${documents}/copyright ${documents}/changelog PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 execute_process(COMMAND ${GZIP} -9n ${documents}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
+
+# The designer's package has the same two.
+set(others ${CPACK_TEMPORARY_DIRECTORY}/designer/usr/share/doc/orvel-designer)
+file(COPY ${documents}/copyright ${documents}/changelog.gz DESTINATION ${others})

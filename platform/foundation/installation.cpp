@@ -10,6 +10,11 @@ std::filesystem::path installedPrograms() {
     return code ? "/usr/bin" : program.parent_path();
 }
 
+std::filesystem::path installedPrefix() {
+    const auto above = installedPrograms().parent_path();
+    return above.filename() == "libexec" ? above.parent_path() : above;
+}
+
 std::filesystem::path installedData() {
     // From bin to the prefix, from libexec/orvel likewise; programs that were just built have theirs beside them.
     std::error_code code;

@@ -12,4 +12,7 @@ std::filesystem::path installedData();
 /// The folder of the running program; /usr/bin when the system doesn't say.
 std::filesystem::path installedPrograms();
 
+/// The folder above bin, or above libexec/orvel, that the running program is installed in.
+std::filesystem::path installedPrefix();
+
 }  // namespace orvel

@@ -17,8 +17,7 @@ constexpr const char* moduleFile = "orvel-renderer.so";
 
 // In the build folder, the module lies beside the program; installed, it lies in a folder of Orvel's own.
 std::vector<std::filesystem::path> modulePlaces() {
-    const auto programs = installedPrograms();
-    return {programs / moduleFile, programs.parent_path() / ORVEL_MODULES / moduleFile};
+    return {installedPrograms() / moduleFile, installedPrefix() / ORVEL_MODULES / moduleFile};
 }
 
 Result<void*, NoRenderer> loadModule() {

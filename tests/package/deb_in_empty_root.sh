@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The Debian package in a Debian 12 that has nothing but itself: it installs from Debian's own packages, works, turns
-# nothing on by itself, and goes without taking a person's designs along. Needs root, and a minute or more; the root is
+# The Debian packages in a Debian 12 that has nothing but itself: they install from Debian's own packages, work, turn
+# nothing on by themselves, and go without taking a person's designs along. Needs root, and a minute or more; the root is
 # made from the mirror that this machine's apt uses.
-# Usage: deb_in_empty_root.sh [PACKAGE]    (default: scripts/package builds it)
+# Usage: deb_in_empty_root.sh [PACKAGE DESIGNER]    (default: scripts/package builds them)
 set -euo pipefail
 
 skip() { echo "skipped: $*"; exit 0; }
@@ -11,7 +11,7 @@ fail() { echo "FAILED: $*" >&2; exit 1; }
 command -v debootstrap > /dev/null || skip "there is no debootstrap"
 mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Codename: bookworm' | head -n 1)
 [ -n "$mirror" ] || skip "this machine's apt has no Debian 12"
-package=${1:-$("$(dirname "$0")/../../scripts/package")}
+[ $# = 2 ] || set -- $("$(dirname "$0")/../../scripts/package")
 
 root=$(mktemp -d)
 trap 'umount -q "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
@@ -20,7 +20,8 @@ debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" 2>&1 || {
 rm "$root.log"
 inside() { chroot "$root" env -i HOME=/root PATH=/usr/sbin:/usr/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 mountpoint -q "$root/proc" || mount -t proc proc "$root/proc"
-cp "$package" "$root/orvel.deb"
+cp "$1" "$root/orvel.deb"
+cp "$2" "$root/orvel-designer.deb"
 
 inside apt-get -q update
 inside apt-get -q install -y --simulate --install-recommends /orvel.deb | grep '^Inst fonts-noto' ||
@@ -39,13 +40,23 @@ inside orvel-widget 2> "$root/said" || code=$?
 [ "$code" = 1 ] || fail "without a display, orvel-widget exits with $code"
 [ "$(wc -l < "$root/said")" = 1 ] || fail "not one line: $(cat "$root/said")"
 
+inside orvel design --no-browser 2> "$root/said" && fail "a designer that isn't installed serves"
+[[ "$(cat "$root/said")" == *"package orvel-designer" ]] || fail "the package isn't named: $(cat "$root/said")"
+inside apt-get -q install -y --no-install-recommends /orvel-designer.deb
+coproc inside orvel design --no-browser
+read -r address <&"${COPROC[0]}"
+python3 -c 'import sys, urllib.request as r; sys.exit(b"Designs" not in r.urlopen(sys.argv[1]).read())' "$address" ||
+    fail "the designer's page doesn't come"
+kill "$COPROC_PID"
+wait "$COPROC_PID" || true
+
 inside orvel autostart on
 [ "$(inside orvel autostart)" = on ] || fail "autostart isn't on"
 inside orvel autostart off
 
 store="$root/root/Library/Application Support/Orvel/widgets.json"
 cp "$store" "$root/before.json"
-inside apt-get -q purge -y orvel
+inside apt-get -q purge -y orvel orvel-designer
 [ -z "$(find "$root/usr" "$root/etc" -name '*orvel*')" ] || fail "something stays behind"
 cmp "$root/before.json" "$store" || fail "the person's designs changed"
-echo "the package in an empty Debian 12: all well"
+echo "the packages in an empty Debian 12: all well"

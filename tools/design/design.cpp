@@ -7,6 +7,10 @@
 namespace orvel::tools {
 
 Outcome<Done> design(const DesignChoices& choices, const Platform&, Console& console) {
+    const std::string program = ownProgram("orvel-designer");
+    std::error_code code;
+    if (!std::filesystem::exists(program, code))
+        return Failure{program + ": the designer isn't installed; it comes with the package orvel-designer"};
     std::vector<std::string> words;
     if (choices.printsAddress) words.emplace_back("--no-browser");
     if (choices.port) words.insert(words.end(), {"--port", std::to_string(*choices.port)});
