@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "designer/base64.h"
+#include "designer/countdown_json.h"
 #include "designer/page_files.h"
 #include "designer/placing/desktop_json.h"
 #include "designer/placing/place_changes.h"
@@ -78,6 +79,8 @@ HttpResponse Service::get(const HttpRequest& request) {
     if (request.path == "/api/symbols") return found(request);
     if (request.path == "/api/desktop") return desktop();
     if (request.path == "/api/share") return share();
+    if (request.path == "/api/countdown")
+        return {200, "application/json", countdownJson(workbench_.draft(), platform_)};
     const PageFile* const file = pageFile(request.path);
     if (!file) return refusal(404, "there is nothing at this address");
     HttpResponse response{200, std::string(file->type), std::string(file->bytes)};

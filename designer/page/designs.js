@@ -34,6 +34,7 @@ function item(design) {
   picture.src = pictureOf(design, 'small');
   const words = document.createElement('span');
   words.textContent = titleOf(design);
+  words.dir = 'auto';
   button.append(picture, words);
   if (onDesktop(shown).includes(design.id)) {
     const mark = document.createElement('small');

@@ -1,6 +1,6 @@
 // The fields of the design that is edited: what was typed goes out, what is stored comes in.
 import { setUpSymbols } from './symbols.js';
-import { setUpTarget, showTarget } from './target.js';
+import { setUpTarget, showCountdown, showTarget } from './target.js';
 import { button } from './talk.js';
 import { listed, number, t } from './words.js';
 
@@ -11,6 +11,7 @@ const texts = {
   targetISO8601: by('target'), symbol: by('symbol'), accentHex: by('accent'),
 };
 const names = { primary: 'mainText', secondary: 'secondLine', items: 'items', progress: 'progress', targetISO8601: 'target' };
+const standardAccent = '#3D2A9A';
 const easyToSee = 3;  // WCAG 2.2, success criterion 1.4.11
 const swatches = [
   ['blue', '#0A84FF'], ['green', '#30D158'], ['orange', '#FF9F0A'], ['red', '#FF453A'], ['pink', '#FF375F'],
@@ -34,6 +35,8 @@ function makeNotes() {
     element.className = 'warning';
     element.id = `${field}-note`;
     element.setAttribute('role', 'status');
+    element.lang = 'en';  // as orvel check says it
+    element.dir = 'ltr';
     block.append(element);
     notes.set(field, element);
     texts[field]?.setAttribute('aria-describedby', element.id);
@@ -87,6 +90,7 @@ function showRows(focusedRow = -1) {
     const input = document.createElement('input');
     input.type = 'text';
     input.value = row;
+    input.dir = 'auto';
     const at = { number: index + 1 };
     input.ariaLabel = t('item', at);
     input.addEventListener('input', () => {
@@ -138,12 +142,14 @@ function showFields(record) {
   }
 }
 
-function showAccent({ colour, contrast }) {
+function showAccent({ accent: { colour, contrast }, record }) {
+  const isStandard = record.accentHex.toUpperCase() === standardAccent;
   if (document.activeElement !== by('accent-well')) by('accent-well').value = colour.toLowerCase();
   for (const swatch of by('swatches').children)
     swatch.setAttribute('aria-pressed', String(swatch.dataset.colour.toLowerCase() === colour.toLowerCase()));
   const ratio = number(contrast, { minimumFractionDigits: 1, maximumFractionDigits: 1 });
-  by('contrast').textContent = t(contrast >= easyToSee ? 'contrastGood' : 'contrastBad', { ratio, wanted: easyToSee });
+  const verdict = t(contrast >= easyToSee ? 'contrastGood' : 'contrastBad', { ratio, wanted: easyToSee });
+  by('contrast').textContent = isStandard ? `${t('standardAccent')} ${verdict}` : verdict;
 }
 
 function showKept({ record, shows }) {
@@ -181,7 +187,8 @@ export function showDraft(draft, answered, refusals) {
   for (const { field, text } of refusals) refused.set(field, text);
   for (const block of blocks) block.hidden = !draft.shows.includes(block.dataset.field);
   showFields(draft.record);
-  showAccent(draft.accent);
+  if (draft.record.kind === 'countdown') showCountdown(draft.record.targetISO8601 ?? '').catch(() => {});
+  showAccent(draft);
   showKept(draft);
   showNotes(draft.warnings);
 }

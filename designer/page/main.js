@@ -6,9 +6,10 @@ import { setUpForm, showDraft } from './form.js';
 import { idsOnDesktop, refreshDesktop, setUpPlace } from './place.js';
 import { setUpShare } from './share.js';
 import { ask, hush, notice, say } from './talk.js';
-import { fillIn, t } from './words.js';
+import { fillIn, loadWords, offerLanguages, t } from './words.js';
 
 const by = (id) => document.getElementById(id);
+const opening = new Set(['/api/new', '/api/edit', '/api/duplicate', '/api/remove', '/api/undo', '/api/take-theirs']);
 let state;
 let waiting = new Map();  // typed, and not sent yet
 let sending = null;       // the promise of what is under way
@@ -51,6 +52,7 @@ function show(next, answered) {
   by('trouble').textContent = state.trouble;
   by('save').disabled = !draft.isUnsaved;
   by('front-choice').hidden = draft.isNew || state.designs[0]?.id === draft.record.id;
+  by('to-front').hidden = draft.isNew || state.designs[0]?.id === draft.record.id;
   by('duplicate').disabled = draft.isNew;
   by('remove').disabled = draft.isNew && !draft.isUnsaved;
   by('undo').disabled = state.undo === '';
@@ -120,11 +122,16 @@ async function request(path, body) {
 
 // An operation, after all that was typed has arrived.
 function run(path, body = {}, done = '') {
+  by('fields').disabled = opening.has(path);
   return exclusively(async () => {
     await sendWaiting();
     hush();
     const { id } = state.draft.record;
-    if (await request(path, body)) say(done);
+    try {
+      if (await request(path, body)) say(done);
+    } finally {
+      by('fields').disabled = false;
+    }
     // What was typed meanwhile was for the design that isn't shown any more.
     if (state.draft.record.id !== id) waiting.clear();
   });
@@ -178,6 +185,7 @@ function setUpButtons() {
     if (!state.draft.isNew || state.draft.isUnsaved || sending || waiting.size > 0) await run('/api/new');
     by('title').focus();
   });
+  by('to-front').addEventListener('click', () => run('/api/move', { id: state.draft.record.id, to: 0 }, t('moved', { number: 1 })));
   by('duplicate').addEventListener('click', () => run('/api/duplicate', {}, t('duplicated')));
   by('remove').addEventListener('click', remove);
   by('undo').addEventListener('click', () => run('/api/undo', {}, t('takenBack')));
@@ -218,7 +226,10 @@ async function followScale() {
 const wanted = new URLSearchParams(location.search).get('design');
 // The secret isn't for the history, and a reload begins where this page is.
 history.replaceState(null, '', '/');
+await loadWords();
 fillIn();
+offerLanguages(by('language'));
+document.documentElement.classList.remove('loading');
 makeDownloads();
 setUpForm(typed, () => state.draft.record);
 setUpDesigns((id) => run('/api/edit', { id }), (id, to) => run('/api/move', { id, to }, t('moved', { number: to + 1 })), idsOnDesktop);

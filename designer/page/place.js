@@ -2,7 +2,7 @@
 import { pictureOf, titleOf } from './designs.js';
 import { get, post } from './server.js';
 import { button, say } from './talk.js';
-import { t } from './words.js';
+import { listed, t } from './words.js';
 
 const by = (id) => document.getElementById(id);
 const anchors = [
@@ -37,7 +37,7 @@ function placeInWords(place) {
   const words = [anchorName(place.anchor), monitorName(place.output), t(place.family)];
   const position = /^@(\d+)$/.exec(place.design);
   if (position) words.push(t('whoever', { number: Number(position[1]) }));
-  return words.join(', ');
+  return listed(words, 'unit');
 }
 
 // The place of a stored design; one that it could have, when it has none.

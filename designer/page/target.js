@@ -1,9 +1,11 @@
 // A countdown's day, time of day and zone, beside its text. The three say a whole point in time.
-import { t } from './words.js';
+import { get } from './server.js';
+import { moment, t } from './words.js';
 
 const day = document.getElementById('target-day');
 const time = document.getElementById('target-time');
 const zone = document.getElementById('target-zone');
+const says = document.getElementById('countdown-says');
 const full = /^(\d{4}-\d\d-\d\d)[T ](\d\d:\d\d)(?::\d\d)?(Z|[+-]\d\d:\d\d)?$/;
 
 function offsets() {
@@ -49,4 +51,26 @@ export function showTarget(text) {
     if (![...zone.options].some((option) => option.value === offset)) zone.append(new Option(`UTC${offset}`, offset));
     zone.value = offset;
   }
+}
+
+// The target as the card takes it: a full time, a day in UTC, or what begins with a day, from that day's local midnight.
+function instant(text) {
+  const isWhole = /^\d{4}-\d\d-\d\d(T\d\d:\d\d:\d\d(Z|[+-]\d\d:\d\d))?$/i.test(text);
+  return new Date(isWhole ? text : `${text.slice(0, 10)}T00:00`);
+}
+
+let asked = 0;
+
+// What the card shows now, a day from now, and at the end.
+export async function showCountdown(text) {
+  const mine = ++asked;
+  const date = instant(text);
+  if (Number.isNaN(date.getTime())) {
+    says.hidden = true;
+    return;
+  }
+  const { now, tomorrow, end } = await get('/api/countdown');
+  if (mine !== asked) return;
+  says.hidden = false;
+  says.textContent = t('countdownSays', { date: moment(date), now, tomorrow, end });
 }

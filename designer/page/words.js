@@ -1,12 +1,22 @@
-// The page's words in the reader's language: `t('found', { count: 3 })`. Each language is a file of languages/.
+// The page's words in the reader's language: `t('found', { count: 3 })`. Each language is a file of languages/, and
+// nothing else: its name, its plurals and its numbers are the browser's.
+import codes from './languages.js';
 import english from './languages/en.js';
 
+const cookie = 'orvel-designer-language';  // for all ports, as a designer's port is another one each time
 let words = english;
 let language = 'en';
-let plurals = new Intl.PluralRules('en');
-let numbers = new Intl.NumberFormat('en');
+let plurals = new Intl.PluralRules(language);
 
-const shown = (value) => (typeof value === 'number' ? numbers.format(value) : String(value));
+// Within a text that runs from right to left, a value keeps its own direction (Unicode's isolates).
+function shown(value) {
+  const text = typeof value === 'number' ? number(value) : String(value);
+  return words.direction === 'rtl' ? `\u2068${text}\u2069` : text;
+}
+
+export const number = (value, options) => new Intl.NumberFormat(language, options).format(value);
+export const listed = (texts, type = 'conjunction') => new Intl.ListFormat(language, { type }).format(texts);
+export const moment = (date) => new Intl.DateTimeFormat(language, { dateStyle: 'full', timeStyle: 'short' }).format(date);
 
 export function t(key, values = {}) {
   const entry = words[key] ?? english[key];
@@ -14,8 +24,38 @@ export function t(key, values = {}) {
   return text.replace(/\{(\w+)\}/g, (whole, name) => (name in values ? shown(values[name]) : whole));
 }
 
-export const number = (value, options) => new Intl.NumberFormat(language, options).format(value);
-export const listed = (texts) => new Intl.ListFormat(language, { type: 'conjunction' }).format(texts);
+const known = (tag) => [tag, tag.split('-')[0]].find((code) => codes.includes(code));
+
+function chosen() {
+  const pair = document.cookie.split('; ').find((each) => each.startsWith(`${cookie}=`));
+  return pair?.slice(cookie.length + 1) ?? '';
+}
+
+// What the person has chosen here, or else the first of the browser's languages that there is.
+export async function loadWords() {
+  language = [chosen(), ...navigator.languages].map(known).find(Boolean) ?? 'en';
+  if (language !== 'en') words = (await import(`./languages/${language}.js`)).default;
+  plurals = new Intl.PluralRules(language);
+  document.documentElement.lang = language;
+  document.documentElement.dir = t('direction');
+}
+
+// Each language by its own name.
+export function offerLanguages(select) {
+  const name = (code) => {
+    const own = new Intl.DisplayNames([code], { type: 'language' }).of(code);
+    return own.charAt(0).toLocaleUpperCase(code) + own.slice(1);
+  };
+  for (const code of [...codes].sort((a, b) => name(a).localeCompare(name(b)))) {
+    const option = new Option(name(code), code, false, code === language);
+    option.lang = code;
+    select.append(option);
+  }
+  select.addEventListener('change', () => {
+    document.cookie = `${cookie}=${select.value}; path=/; max-age=31536000; samesite=strict`;
+    location.reload();
+  });
+}
 
 // The page's own elements say which words are theirs.
 export function fillIn(root = document) {

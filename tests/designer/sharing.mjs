@@ -3,7 +3,7 @@ import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { byRole, eventually, press } from './driver.mjs';
 
-const dialog = (page) => byRole(page, 'dialog', 'Take along');
+const dialog = (page) => byRole(page, 'dialog', 'Share');
 
 const hostile = [
   { kind: 'metric', title: 'It\'s "quoted" `date` $(reboot) $HOME \\ ~ *', primary: '-5', secondary: '', accentHex: '#0A84FF' },
@@ -30,7 +30,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
     const id = home.orvel('add', '--json', home.file('design.json', JSON.stringify(design))).toString().trim();
     await eventually('the page shows it', id, () => front.getAttribute('data-id'));
     await front.click();
-    await press(page, 'Take along');
+    await press(page, 'Share');
     const line = await copied('Copy the command');
     const original = stored()[0];
     for (const shell of ['bash', 'sh']) {
@@ -47,7 +47,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
   home.orvel('add', '--kind', 'metric', '--title', 'Load', '--primary', '1');
   await eventually('the page shows it', stored()[0].id, () => front.getAttribute('data-id'));
   await front.click();
-  await press(page, 'Take along');
+  await press(page, 'Share');
   const lines = (await copied('Copy the lines for a script')).split('\n');
   for (const [index, line] of lines.entries()) {
     execFileSync('bash', ['-c', `command() { echo ${index + 7}; }; ${line}`], { env: environment });
@@ -57,7 +57,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
   // Pasted.
   const paste = async (text) => {
     await dialog(page).getByLabel('A design as JSON').fill(text);
-    await byRole(dialog(page), 'button', 'Take over').click();
+    await byRole(dialog(page), 'button', 'Edit this design').click();
   };
   await paste('{"title":"T","kind":"photo"}');
   await dialog(page).getByText('1:21: "kind" must be metric').waitFor();
@@ -67,7 +67,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
   assert.equal(await page.getByLabel('Title', { exact: true }).inputValue(), '<i>pasted</i>');
 
   // One that is stored is edited.
-  await press(page, 'Take along');
+  await press(page, 'Share');
   await paste(JSON.stringify({ ...stored()[0], primary: 'by hand' }));
   await press(page, 'Discard');
   await eventually('it is taken', 'by hand', () => page.getByLabel('Main text').inputValue());

@@ -1,0 +1,30 @@
+// Every language of the page has each of its texts, with the same placeholders and all of its own plural forms.
+// Usage: languages.mjs
+import assert from 'node:assert/strict';
+import { readdirSync } from 'node:fs';
+
+const folder = new URL('../../designer/page/languages/', import.meta.url);
+const load = async (file) => (await import(new URL(file, folder))).default;
+const placeholders = (text) => [...text.matchAll(/\{(\w+)\}/g)].map(([, name]) => name).sort().join();
+const english = await load('en.js');
+
+for (const file of readdirSync(folder)) {
+  const language = file.replace('.js', '');
+  const words = await load(file);
+  assert.deepEqual(Object.keys(words).sort(), Object.keys(english).sort(), file);
+  assert.match(words.direction, /^(ltr|rtl)$/, file);
+  for (const [key, entry] of Object.entries(words)) {
+    const where = `${file}: ${key}`;
+    const isPlural = typeof english[key] !== 'string';
+    assert.equal(typeof entry !== 'string', isPlural, where);
+    for (const [form, text] of Object.entries(isPlural ? entry : { other: entry })) {
+      assert.ok(text.trim() === text && text !== '', where);
+      // "One found" needs no number.
+      const wanted = form === 'other' || placeholders(text) !== '' ? placeholders(english[key].other ?? english[key]) : '';
+      assert.equal(placeholders(text), wanted, `${where}, ${form}`);
+    }
+    if (isPlural)
+      assert.deepEqual(Object.keys(entry).sort(), new Intl.PluralRules(language).resolvedOptions().pluralCategories.sort(), where);
+  }
+}
+console.log('every language has every text');
