@@ -94,7 +94,7 @@ private:
             const OutputChoice& wanted = card.place.output;
             if (wanted.which == OutputChoice::Which::named &&
                 std::ranges::find(outputs, wanted.name, &Output::name) == outputs.end())
-                say("there is no output " + wanted.name + " now; the card appears when it is there");
+                say("there is no output " + wanted.name + " now; the card appears when it is connected");
         }
     }
 

@@ -29,7 +29,7 @@ Result<void*, NoRenderer> loadModule() {
     }
     std::vector<std::string> folders;
     for (const auto& place : modulePlaces()) folders.push_back(place.parent_path().string());
-    return NoRenderer{std::string(moduleFile) + " is in neither place: " + joined(folders, ", ")};
+    return NoRenderer{std::string(moduleFile) + " isn't in " + alternatives(folders)};
 }
 
 // One of the libraries (Fontconfig) takes as long to read its configuration as all of them take to load, and can do so

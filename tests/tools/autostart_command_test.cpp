@@ -52,8 +52,7 @@ TEST_F(AutostartCommand, KnowsWhatOthersTurnOnAndOff) {
 TEST_F(AutostartCommand, SaysInOneLineWhatFailed) {
     const Answer notInstalled = run({"autostart", "on"});
     EXPECT_EQ(notInstalled.code, failed);
-    EXPECT_EQ(notInstalled.err,
-              "orvel: orvel isn't installed whole: " + model + ": can't open: No such file or directory\n");
+    EXPECT_EQ(notInstalled.err, "orvel: " + model + ": can't open: No such file or directory; install orvel again\n");
     EXPECT_EQ(run({"autostart", "maybe"}).code, wrongUsage);
     EXPECT_EQ(run({"autostart", "on", "off"}).code, wrongUsage);
 

@@ -163,7 +163,7 @@ TEST_F(Command, DoctorSaysWhatToDo) {
     has(broken, R"(widgets.json:1:1: not valid JSON)");
     machine.storedList() = std::string("[") + design + "]";
     has(run({"doctor"}), "  store        /home/ada/Library/Application Support/Orvel/widgets.json: 1 design\n");
-    has(run({"doctor"}), "  places       none: the first design stands at the top right\n");
+    has(run({"doctor"}), "  places       none: the first design is shown at the top right\n");
     EXPECT_EQ(run({"place", "@1"}).code, done);
     EXPECT_EQ(run({"place", "@2"}).code, done);
     has(run({"doctor"}), "- places       2 places, 1 without a stored design\n               -> orvel place shows");

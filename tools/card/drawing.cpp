@@ -34,7 +34,7 @@ Outcome<Format> formatOf(const std::string& output) {
 
 Outcome<Done> canWrite(const std::string& output, const Console& console) {
     if (output == "-" && console.columns)
-        return Failure{"a terminal can't show a PNG; name a file with -o, or lead the output elsewhere"};
+        return Failure{"a terminal can't show a PNG; name a file with -o, or redirect the output"};
     if (const auto format = formatOf(output); !format) return format.failure();
     return Done{};
 }

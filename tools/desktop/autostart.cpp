@@ -94,7 +94,7 @@ Outcome<Done> showAutostart(const Platform& platform, Console& console) {
 Outcome<Done> turnAutostartOn(const Platform& platform) {
     const path installed = installedData() / "orvel" / entryName;
     const auto model = platform.files.read(installed);
-    if (!model) return Failure{"orvel isn't installed whole: " + failure(installed, model.failure()).reason};
+    if (!model) return Failure{failure(installed, model.failure()).reason + "; install orvel again"};
     const path own = entry(platform);
     const auto created = platform.files.createFolders(own.parent_path());
     if (!created) return failure(own.parent_path(), created.failure());

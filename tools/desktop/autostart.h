@@ -1,5 +1,5 @@
-// Whether the card comes up with a person's session. The installed autostart entry is a model that nothing reads; a
-// copy among the person's own settings turns it on.
+// Whether the cards start with a person's session. The installed autostart entry is a template that no desktop reads; a
+// copy of it in the person's settings turns the autostart on.
 #pragma once
 
 #include <optional>
@@ -11,8 +11,8 @@
 namespace orvel::tools {
 
 struct Autostart {
-    bool isOn;                                ///< the card comes up with the next session
-    std::optional<std::string> warning = {};  ///< one line, when it won't although it is on
+    bool isOn;                                ///< the cards start with the next session
+    std::optional<std::string> warning = {};  ///< one line, when they won't although it is on
 };
 
 Outcome<Autostart> autostart(const Platform& platform);

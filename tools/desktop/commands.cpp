@@ -109,9 +109,10 @@ void addOutputs(CLI::App& app, Session& session) {
 }
 
 void addAutostart(CLI::App& app, Session& session) {
-    CLI::App& command = *app.add_subcommand("autostart", "Say whether the card comes up with your session, or set it");
+    CLI::App& command =
+        *app.add_subcommand("autostart", "Print whether the cards start with your session, or change it");
     const auto choice = std::make_shared<std::string>();
-    command.add_option("choice", *choice, "From the next session on (default: print which)")
+    command.add_option("choice", *choice, "From the next session on (default: print the current state)")
         ->check(oneWordOf({"on", "off"}))
         ->type_name("on|off");
     command.callback([&session, choice] {

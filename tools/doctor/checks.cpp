@@ -27,7 +27,7 @@ Finding session(const Platform&) {
     const WindowSystems systems = windowSystems();
     if (!systems.wayland && !systems.x11)
         return {problem, "neither a Wayland compositor nor an X server answers",
-                "run it in a graphical session; there, WAYLAND_DISPLAY or DISPLAY says where"};
+                "run it in a graphical session, which sets WAYLAND_DISPLAY or DISPLAY"};
     const char* const desktop = std::getenv("XDG_CURRENT_DESKTOP");
     const std::string system = !systems.x11 ? "Wayland" : systems.wayland ? "Wayland, with an X server" : "X11";
     return {good, system + (desktop && *desktop ? " (" + std::string(desktop) + ")" : "")};
@@ -36,7 +36,7 @@ Finding session(const Platform&) {
 Finding layerShell(const Platform&) {
     const WindowSystems systems = windowSystems();
     if (systems.layerShell) return {good, "the compositor has it"};
-    if (systems.x11 && !systems.wayland) return {good, "X11 does without; the card is a window below the others"};
+    if (systems.x11 && !systems.wayland) return {good, "not needed on X11; the card is a window below the others"};
     if (systems.x11)
         return {note, "the compositor has none; the card is a window of its X server",
                 "nothing, or use a compositor with wlr-layer-shell"};
@@ -54,21 +54,20 @@ Finding renderer(const Platform&) {
 
 Finding fonts(const Platform&) {
     const auto loaded = loadRenderer();
-    if (!loaded) return {note, "nothing can tell without the renderer", "see renderer"};
+    if (!loaded) return {note, "can't be checked without the renderer", "see renderer"};
     const FontReport report = (*loaded)->fonts();
     if (report.family != report.systemFont)
-        return {note, report.systemFont + " isn't installed; " + report.family + " stands for it",
+        return {note, report.systemFont + " isn't installed; " + report.family + " is used instead",
                 "install it (Debian: fonts-inter)"};
     if (!report.missing.empty())
-        return {note, report.family + ", and none for " + alternatives(report.missing),
+        return {note, report.family + ", but no font for " + alternatives(report.missing),
                 "for texts in those, install fonts (Debian: fonts-noto-core, fonts-noto-cjk, fonts-noto-color-emoji)"};
-    return {good, report.family + ", and others for what it lacks"};
+    return {good, report.family + ", and other fonts for what it lacks"};
 }
 
 Finding store(const Platform& platform) {
     const auto designs = readDesigns(platform);
-    if (!designs)
-        return {problem, designs.failure().reason, "mend it there; until then, the card shows the empty state"};
+    if (!designs) return {problem, designs.failure().reason, "correct it there; until then, the card shows no design"};
     const std::string file = StoreFiles::list(platform).string();
     if (designs->empty())
         return {note, file + ": no designs yet", "orvel add --kind metric --title \"Active users\" --primary 42"};
@@ -83,10 +82,10 @@ Finding store(const Platform& platform) {
 
 Finding places(const Platform& platform) {
     const auto places = readPlaces(platform);
-    if (!places) return {problem, places.failure().reason, "mend it there; until then, the cards stay as they are"};
-    if (places->empty()) return {good, "none: the first design stands at the top right"};
+    if (!places) return {problem, places.failure().reason, "correct it there; until then, the cards stay as they are"};
+    if (places->empty()) return {good, "none: the first design is shown at the top right"};
     const auto designs = readDesigns(platform);
-    if (!designs) return {note, "whether their designs are stored can't be told", "see store"};
+    if (!designs) return {note, "can't check whether their designs are stored", "see store"};
     const auto waiting = std::ranges::count_if(*places, [&](const Place& each) { return !designAt(each, *designs); });
     const std::string count = std::to_string(places->size()) + (places->size() == 1 ? " place" : " places");
     if (waiting == 0) return {good, count};
@@ -111,9 +110,9 @@ Finding feeds(const Platform& platform) {
 
 Finding atStart(const Platform& platform) {
     const auto state = autostart(platform);
-    if (!state) return {problem, state.failure().reason, "make that readable"};
+    if (!state) return {problem, state.failure().reason, "make that file readable"};
     if (state->warning) return {problem, *state->warning, "orvel autostart on"};
-    if (state->isOn) return {good, "on: the card comes up with your session"};
+    if (state->isOn) return {good, "on: the cards start with your session"};
     return {note, "off", "orvel autostart on"};
 }
 

@@ -9,7 +9,7 @@ namespace orvel::tools {
 
 void addDoctorCommand(CLI::App& app, Session& session) {
     const auto form = std::make_shared<DoctorForm>(DoctorForm::text);
-    CLI::App& command = *app.add_subcommand("doctor", "Say what the card needs, what is there, and what to do");
+    CLI::App& command = *app.add_subcommand("doctor", "Check what the cards need, and say how to get what is missing");
     command.add_flag_callback(
         "--json", [form] { *form = DoctorForm::json; }, "As JSON");
     runs(command, session, form, doctor);

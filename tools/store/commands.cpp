@@ -210,7 +210,7 @@ void addPending(CLI::App& app, Session& session) {
 
 void addCheck(CLI::App& app, Session& session) {
     const auto file = std::make_shared<std::optional<std::string>>();
-    CLI::App& command = *app.add_subcommand("check", "Say whether the designs load, and what won't show as meant");
+    CLI::App& command = *app.add_subcommand("check", "Check whether the designs are valid, and show as meant");
     command.add_option("file", *file, "A list of designs; - is standard input (default: the store)")
         ->type_name("FILE|-");
     runs(command, session, file, check);
