@@ -1,4 +1,4 @@
-// A countdown's target date as the two short texts that its card shows. Pure, apart from one reading of the clock.
+// Turns a countdown's target date into the two short texts that its card shows. Reads the clock once.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@
 namespace orvel::CountdownMath {
 
 /// The time left until the target as (value, unit): ("3", "days"), ("1", "hour"), ("Now", "") once it is reached, and
-/// ("—", "") without a target or when it is no date. Whole days from one day on, else whole hours, at least 1.
+/// ("—", "") without a target or when it isn't a date. Whole days from one day on, else whole hours, at least 1.
 ///
 /// A target is an RFC 3339 date-time without fractions, or a full-date (midnight UTC), or any text whose first ten
 /// characters are a full-date (local midnight, the rest dropped); tried in this order.

@@ -32,7 +32,7 @@ std::optional<Color> hexString(std::string_view text) {
     if (text.starts_with('#')) text.remove_prefix(1);
     std::string digits(text);
     if (text.size() == 3) digits = {text[0], text[0], text[1], text[1], text[2], text[2]};
-    // Only ASCII leads to a colour, so counting bytes refuses just what counting characters would.
+    // A colour is ASCII, so counting bytes refuses the same texts as counting characters.
     if (digits.size() != 6) return std::nullopt;
     const auto value = unsignedHex(digits);
     if (!value) return std::nullopt;

@@ -1,5 +1,5 @@
-// The store's two files, with reasons: what WidgetStore does silently, for callers that tell a person. Nothing here
-// locks; a caller that reads, changes and writes holds the folder's lock itself.
+// Reads and writes the store's two files and says why something fails, which WidgetStore doesn't. Nothing here locks: a
+// caller that reads, changes and writes holds the folder's lock itself.
 #pragma once
 
 #include <filesystem>
@@ -24,8 +24,8 @@ struct StoreFailure {
 
     /// Whether the file isn't there at all.
     bool isMissing() const;
-    /// Whether the file was read whole and holds something else than designs. Any other failure may be gone at the next
-    /// try, and says nothing of the file.
+    /// Whether the whole file was read, and holds something other than designs. Any other failure may be temporary and
+    /// says nothing about the file's content.
     bool isInvalid() const;
     /// One line: the file, where in it, and what is wrong there.
     std::string message() const;
@@ -33,14 +33,14 @@ struct StoreFailure {
 
 /// The file has its new content.
 struct Written {
-    /// Why a loss of power may yet bring the old content back, when it may.
+    /// Why a loss of power may still bring the old content back; absent when it can't.
     std::optional<StoreFailure> unsynced = {};
 };
 
 namespace StoreFiles {
 
-/// The store's folder, below the home directory of the process's real user. It is created when missing, as at every
-/// call here; whether that succeeded doesn't show.
+/// The store's folder, below the home directory of the process's real user. Like every call here, this creates the
+/// folder when it is missing, and doesn't say whether that succeeded.
 std::filesystem::path folder(const Platform& platform);
 
 /// The list of designs.
@@ -49,7 +49,7 @@ std::filesystem::path list(const Platform& platform);
 std::filesystem::path pending(const Platform& platform);
 
 Result<std::vector<WidgetSpec>, StoreFailure> readList(const Platform& platform);
-/// Encodes first: of a list that can't be written nothing is touched, and the folder is not resolved.
+/// Encodes the list first: if that fails, nothing is changed, and the folder isn't resolved.
 Result<Written, StoreFailure> writeList(const std::vector<WidgetSpec>& specs, const Platform& platform);
 
 Result<WidgetSpec, StoreFailure> readPending(const Platform& platform);

@@ -1,5 +1,5 @@
-// The fields of a design in one table, in the order in which they are stored and compared. Whoever handles all fields
-// (the constructor, comparing, reading, writing, changing) walks this table.
+// The fields of a design in one table, in the order in which they are stored and compared. All code that handles every
+// field (the constructor, comparing, reading, writing, changing) walks this table.
 #pragma once
 
 #include <cstddef>
@@ -26,7 +26,7 @@ enum class WidgetField {
     createdAt,
 };
 
-/// What the constructor does with a field that its caller leaves out.
+/// What the constructor does when its caller leaves the field out.
 enum class WhenLeftOut { refuse, fillIn, leaveAbsent };
 
 template <WidgetField fieldOfRow, class Member, class Given>
@@ -38,7 +38,7 @@ struct WidgetFieldRow {
     Member WidgetSpec::*member;
     Given WidgetSpec::Fields::*given;
     WhenLeftOut whenLeftOut;
-    Member (*limited)(Member) = nullptr;  ///< what the constructor keeps; absent: all of it
+    Member (*limited)(Member) = nullptr;  ///< the part of a value that the constructor keeps; absent: all of it
 
     /// Whether a stored record may lack it.
     constexpr bool isOptional() const { return whenLeftOut == WhenLeftOut::leaveAbsent; }
@@ -86,7 +86,7 @@ inline constexpr std::tuple table{
     row<createdAt>("createdAt", &Spec::createdAt, &Given::createdAt, fillIn),
 };
 
-/// Every member has its row: with another number of members this names the table that lacks one.
+/// Fails to compile when WidgetSpec has more or fewer members than the table has rows.
 inline void countMembers(const WidgetSpec& spec) {
     const auto& [a, b, c, d, e, f, g, h, i, j, k] = spec;
     (void)a, (void)b, (void)c, (void)d, (void)e, (void)f, (void)g, (void)h, (void)i, (void)j, (void)k;

@@ -1,5 +1,5 @@
-// The kinds of design. Adding one means an enumerator and its name here; the compiler leads to the rest, and lists of
-// kinds, options, completions, messages and the gallery follow from this.
+// The kinds of design. To add one, add an enumerator and its name here: the compiler leads to the rest. Lists of kinds,
+// options, completions, messages and the gallery follow from this.
 #pragma once
 
 #include <array>

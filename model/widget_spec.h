@@ -33,8 +33,8 @@ struct WidgetSpec {
         std::optional<Date> createdAt = {};
     };
 
-    /// Keeps at most the first 5 `items` and limits `progress` to [0, 1] (not-a-number becomes 0). All else is stored
-    /// as given.
+    /// Keeps at most the first 5 `items` and limits `progress` to [0, 1] (not-a-number becomes 0). Everything else is
+    /// stored as given.
     explicit WidgetSpec(Fields fields, const Platform& platform = Platform::system());
 
     std::string id;
@@ -50,7 +50,7 @@ struct WidgetSpec {
     Date createdAt;
 };
 
-/// All eleven fields are equal; texts by canonical equivalence, numbers as numbers.
+/// Whether all fields are equal; texts are compared by canonical equivalence, numbers as numbers.
 bool operator==(const WidgetSpec& a, const WidgetSpec& b);
 
 }  // namespace orvel

@@ -27,7 +27,8 @@ Fault mismatch(const json::Value& value, std::string_view wanted) {
             std::string(name(value.kind())) + "; " + std::string(wanted) + " is wanted"};
 }
 
-// Each reads one value into a field. Absent: done, or the syntax is bad, which the reader tells by itself.
+// Each of these reads one value into a field. The result is absent on success, and for bad syntax, which the JSON
+// reader reports itself.
 using WhyNot = std::optional<Fault>;
 
 WhyNot read(json::Value& value, std::string& field) {
@@ -77,12 +78,12 @@ DecodingFailure decodingFailure(Fault fault, std::string key, const json::Value&
     return {fault.reason, std::move(key), std::nullopt, value.position(), std::move(fault.detail)};
 }
 
-// Decodes records, one after the other, into a WidgetSpec or into the constructor's arguments. A record is read to its
-// end; of several faults the one in the first field is told, in the order in which the fields are judged.
+// Decodes records, one after the other, into a WidgetSpec or into the constructor's arguments. A record is always read
+// to its end; of several faults, the one whose field is judged first is reported.
 template <class Record>
 class RecordDecoder {
 public:
-    // False when the record is no design, and `failure` then says why unless the syntax is bad.
+    // False when the record isn't a design; `failure` then says why, unless the syntax is bad.
     bool decode(json::Value& value, Record& record) {
         seen_ = 0;
         rank_ = std::numeric_limits<std::size_t>::max();
@@ -103,7 +104,7 @@ public:
 private:
     static constexpr unsigned bit(WidgetField field) { return 1U << static_cast<unsigned>(field); }
 
-    // What a person leaves out is left to the constructor, if that has something for it.
+    // Fields that a person leaves out are filled in by the constructor, if it has a default for them.
     static bool isRequired(const auto& row) {
         return std::is_same_v<Record, WidgetSpec> ? !row.isOptional() : row.whenLeftOut == WhenLeftOut::refuse;
     }
@@ -135,7 +136,7 @@ private:
         failure = decodingFailure(fault, std::string(orvel::name(field)), value);
     }
 
-    // Texts that must be there, the kind, texts that may be absent, and then the rest.
+    // First required texts, then the kind, optional texts, and the rest.
     static std::size_t judgingRank(WidgetField field) {
         using enum WidgetField;
         constexpr WidgetField order[]{id,        title,         accentHex, symbol,   kind,     primary,

@@ -24,13 +24,13 @@ struct DecodingFailure {
         keyNotFound,    ///< a required member is missing
         valueNotFound,  ///< null where a value is required
         typeMismatch,   ///< another JSON type than the field's
-        unknownKind,    ///< a "kind" that is no kind of design
+        unknownKind,    ///< a "kind" that isn't one of the kinds
     };
     Reason reason;
     std::string key;                   ///< the member; empty when the record or the list itself is at fault
     std::optional<std::size_t> index;  ///< the element of a list, from 0
     TextPosition position;             ///< where in the text
-    std::string detail;                ///< what is wrong with malformed text, or is there instead of what is wanted
+    std::string detail;                ///< what is wrong with a malformed text, or what was found instead
 
     /// One line without a full stop, and without the position; elements are counted from 1:
     /// design @3: "createdAt" is missing
@@ -42,14 +42,14 @@ namespace WidgetSpecJSON {
 /// One record from an object; fields exactly as read, without the constructor's defaults and limits.
 Result<WidgetSpec, DecodingFailure> decode(std::string text);
 
-/// The constructor's arguments from an object of which only "title" and "kind" are required: what a person or a script
-/// leaves out is left to the constructor.
+/// The constructor's arguments from an object in which only "title" and "kind" are required; the constructor has
+/// defaults for the rest.
 Result<WidgetSpec::Fields, DecodingFailure> decodeFields(std::string text);
 
 /// Every record of an array, in order; one bad element fails the whole list.
 Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text);
 
-/// One record that is a part of a larger text; absent when it is none, or the syntax is bad.
+/// One record that is part of a larger text; absent when it isn't a record, or when the syntax is bad.
 std::optional<WidgetSpec> read(json::Value& value);
 
 /// Compact, members in field order, absent fields left out. Absent when a `progress` is not finite or a text is not

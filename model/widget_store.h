@@ -1,12 +1,13 @@
 // The designs on disk: one folder under the user's home directory, shared by the designer application and the widget.
-// No state in memory: each call resolves the folder and works on the files anew. Failures are absorbed here and nowhere
-// else: what can't be read is an empty list or no design, what can't be written changes nothing. Any thread may call; a
-// reader sees an old or a new file whole. There is no lock: of two overlapping changes the later one stays.
+// Nothing is kept in memory: each call resolves the folder and reads the files again. Failures are absorbed here and
+// nowhere else: what can't be read is an empty list or no design, and what can't be written changes nothing. Any thread
+// may call; a reader sees the whole old or the whole new file. There is no lock: of two overlapping changes, the later
+// one wins.
 //
-// What that costs: for `add` and `remove`, too, a list that can't be read is an empty one, be it for a moment only (an
-// I/O error, too many open files, no memory). What they save then replaces all designs that were stored. A program that
-// changes a person's designs uses store_files.h, which tells a missing file from one that can't be read, and holds the
-// folder's lock.
+// Beware: `add` and `remove`, too, take a list that can't be read for an empty one, even when the cause is temporary
+// (an I/O error, too many open files, no memory). What they save then replaces all stored designs. A program that
+// changes a person's designs uses store_files.h, which distinguishes a missing file from one that can't be read, and
+// holds the folder's lock.
 #pragma once
 
 #include <filesystem>
@@ -23,7 +24,7 @@ namespace orvel::WidgetStore {
 inline constexpr std::string_view appGroup = "group.app.orvel.shared";
 
 /// The store folder: "Library/Application Support/Orvel" in the home directory of the process's real user. It is
-/// created when missing; whether that succeeded doesn't show.
+/// created when missing; the call doesn't say whether that succeeded.
 std::filesystem::path dir(const Platform& platform = Platform::system());
 
 /// The stored designs in file order, as decoded; duplicates included. Empty when the file is missing, unreadable, not
@@ -34,7 +35,8 @@ std::vector<WidgetSpec> load(const Platform& platform = Platform::system());
 /// nothing.
 void save(const std::vector<WidgetSpec>& specs, const Platform& platform = Platform::system());
 
-/// Puts the design first, in place of all others with its id, and saves. Returns the new list, saved or not.
+/// Puts the design first, replacing all others with its id, and saves. Returns the new list, whether it was saved or
+/// not.
 std::vector<WidgetSpec> add(WidgetSpec spec, const Platform& platform = Platform::system());
 
 /// Removes every design with that id, and saves in any case.
@@ -46,7 +48,7 @@ void setPending(const std::optional<WidgetSpec>& spec, const Platform& platform 
 /// The design kept beside the list. Reading it leaves it there.
 std::optional<WidgetSpec> pending(const Platform& platform = Platform::system());
 
-/// The lists that `add` and `remove` save, as a calculation. Ids are equal by canonical equivalence.
+/// Compute the lists that `add` and `remove` save. Ids are compared by canonical equivalence.
 std::vector<WidgetSpec> adding(WidgetSpec spec, std::vector<WidgetSpec> specs);
 std::vector<WidgetSpec> removing(std::string_view id, std::vector<WidgetSpec> specs);
 

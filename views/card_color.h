@@ -1,4 +1,4 @@
-// The card's ground.
+// The card's background.
 #pragma once
 
 #include "platform/ui/style.h"

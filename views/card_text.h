@@ -12,8 +12,8 @@ namespace orvel {
 /// The line that stands for the whole card: headline, percentage, or how many items. Without control characters.
 std::string headlineText(const WidgetSpec& spec, const Localizer& localizer, const Platform& platform);
 
-/// Title, headline or percentage, secondary line, rows: a line each, without the empty ones, and without other control
-/// characters.
+/// Title, headline or percentage, secondary line and rows, each on a line of its own, without empty lines and other
+/// control characters.
 std::string cardText(const WidgetSpec& spec, const Localizer& localizer, const Platform& platform);
 
 }  // namespace orvel

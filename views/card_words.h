@@ -1,4 +1,4 @@
-// What a card says, as words: for the card itself, and for whoever reads it without seeing it.
+// What a card says, in words: for the card itself, for screen readers and for status bars.
 #pragma once
 
 #include <cstdint>

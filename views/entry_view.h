@@ -1,4 +1,4 @@
-// What is drawn for one timeline entry: the design's card, or an invitation to design one.
+// The view of one timeline entry: the design's card, or an invitation to make a design.
 #pragma once
 
 #include <optional>

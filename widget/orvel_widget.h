@@ -14,7 +14,7 @@ public:
     const std::string& kind() const { return kind_; }
     WidgetConfiguration body() const;
 
-    /// The view of one entry, on the widget's background. The entry's date plays no part.
+    /// The view of one entry, on the widget's background. It doesn't depend on the entry's date.
     static View content(const WidgetEntry& entry, const Platform& platform);
 
 private:
@@ -25,7 +25,7 @@ class OrvelWidgetBundle : public WidgetBundle<OrvelWidgetBundle> {
 public:
     std::vector<OrvelWidget> body() const { return {OrvelWidget()}; }
 
-    /// A change in the store's folder is a reason for a new timeline.
+    /// Changes in the store's folder cause a request for a new timeline.
     static ExtensionInfo info();
 };
 

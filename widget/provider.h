@@ -1,5 +1,5 @@
 // The timeline provider: the stored designs as timeline entries. It keeps nothing between requests; every request reads
-// the store anew and is answered before it returns, on the caller's thread.
+// the store again and is answered before it returns, on the caller's thread.
 #pragma once
 
 #include <optional>
