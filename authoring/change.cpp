@@ -52,8 +52,8 @@ std::optional<std::size_t> find(const Specs& specs, const Place& place) {
     return static_cast<std::size_t>(found - specs.begin());
 }
 
-// The design without a change of it, where others have changed other fields since; absent when they have changed the
-// same.
+// The design with the change taken back, when only other fields have been changed since; absent when the same fields
+// have.
 std::optional<WidgetSpec> withoutChange(const WidgetSpec& before, const WidgetSpec& after, WidgetSpec now) {
     bool isApart = true;
     forEachWidgetField([&](const auto& row) {
@@ -65,7 +65,7 @@ std::optional<WidgetSpec> withoutChange(const WidgetSpec& before, const WidgetSp
     return now;
 }
 
-// Whether the list is as if the change had never been.
+// Whether the list is as if the change had never been made.
 bool isGone(const Change& change, const Specs& specs) {
     const auto isThere = [&](const Place& place) { return find(specs, place).has_value(); };
     return std::ranges::none_of(change.inserted, isThere) &&

@@ -84,7 +84,7 @@ Outcome<Saved> saveChange(const OpenDesigns& designs, const Change& change, cons
         if (!copied) return copied.failure();
         kept = *std::move(copied);
     }
-    // Entered first: a design that is gone for want of power must not be missing in both.
+    // The history is written first, so that after a loss of power a removed design is in the list or in the history.
     const auto historyBefore = enter(change, platform);
     auto saved = write(change.appliedTo(designs.specs), platform);
     if (!saved) {
@@ -128,7 +128,7 @@ Outcome<Undone> undo(const OpenDesigns& designs, const Platform& platform) {
         else if (const auto written = StoreFiles::writePending(*accepted, platform); !written)
             undone.pendingStays = written.failure().message();
     }
-    // Should this fail, the next undo finds that the change is taken back already.
+    // If this fails, the next undo finds that the change is taken back already.
     (void)History::write(History::withoutLast(*history), platform);
     return undone;
 }

@@ -1,4 +1,4 @@
-// How a person or a script writes a design's fields: each as one text, in one table.
+// How people and scripts write a design's fields as text, in one table.
 #pragma once
 
 #include <optional>
@@ -18,13 +18,13 @@ struct FieldText {
     enum class GivenBy { optionAndAssignment, assignmentAlone };
 
     WidgetField field;
-    std::string_view name;         ///< what a person types; the field's own name is understood, too
+    std::string_view name;         ///< what a person types; the field's own name works as well
     std::string_view placeholder;  ///< what stands for a value in a help text; empty: the names of the kinds
     std::string_view help;         ///< one sentence
     GivenBy givenBy = GivenBy::optionAndAssignment;
 };
 
-/// A row for each field, in the order in which a person is told of them.
+/// A row for each field, in the order in which help texts list them.
 std::span<const FieldText> fieldTexts();
 
 /// What a person types for that field.
@@ -38,12 +38,12 @@ struct Assignment {
     std::string value;
 };
 
-/// "title=Active now" taken apart.
+/// Splits "title=Active now" into field and value.
 Outcome<Assignment> assignment(const std::string& text);
 
-/// Writes the values into the record, which is a design, or what a new one is made from. Several assignments of rows
-/// together replace all rows: "item" is one whole row, "items" are rows with commas between. What is given is limited
-/// as the record's constructor does it; the warnings say what isn't kept.
+/// Writes the values into a design, or into the fields of a new one. Assignments of rows together replace all rows:
+/// "item" is one whole row, "items" are several rows separated by commas. Values are limited as by the record's
+/// constructor; the warnings say what isn't kept.
 Outcome<std::vector<Warning>> assign(const std::vector<Assignment>& assignments, WidgetSpec& spec,
                                      const Platform& platform);
 Outcome<std::vector<Warning>> assign(const std::vector<Assignment>& assignments, WidgetSpec::Fields& fields,

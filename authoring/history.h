@@ -1,7 +1,7 @@
-// The last changes of the stored designs, so that they can be taken back: one line of JSON each, the newest last, in
-// "orvel/history" below the person's state folder ($XDG_STATE_HOME, or ".local/state" in the home directory). Bounded:
-// the newest 100 changes, fewer when they take more than 16 MiB, but always the newest. Nothing here locks; whoever
-// writes holds the lock of the store's folder.
+// The history of changes of the stored designs, so that they can be taken back: one line of JSON each, the newest last,
+// in "orvel/history" below the person's state folder ($XDG_STATE_HOME, or ".local/state" in the home directory). It
+// holds the newest 100 changes, or fewer when they take more than 16 MiB, but always the newest one. Nothing here
+// locks; a caller that writes holds the lock of the store's folder.
 #pragma once
 
 #include <filesystem>
@@ -18,7 +18,7 @@ std::filesystem::path file(const Platform& platform);
 
 /// The whole text; empty when there is no file.
 Outcome<std::string> read(const Platform& platform);
-/// Only the person may read it. An empty text is no file.
+/// Replaces the file, which only the person may read. An empty text deletes it.
 Outcome<Done> write(std::string_view text, const Platform& platform);
 
 /// The text with one more change. Absent when the designs can't be written as JSON.

@@ -1,5 +1,5 @@
-// Copies of a file that is about to be replaced although nothing else holds what it says: one that doesn't load, or one
-// in whose place such a copy is brought back. Copies lie beside the file.
+// Keeps copies of files that are about to be replaced and whose content would be lost: a file that isn't valid, or one
+// in whose place an earlier copy is brought back. The copies lie beside the file.
 #pragma once
 
 #include <filesystem>
@@ -18,21 +18,21 @@ enum class Kept {
     replaced,  ///< an earlier file was brought back in its place
 };
 
-/// Copies the file to "<name>.invalid-<time>" (or replaced), or with "-2" and so on behind it where that is taken, and
-/// returns the copy's path. Only the person may read it. A copy that a loss of power may undo is none.
+/// Copies the file to "<name>.invalid-<time>" (or replaced), followed by "-2" and so on when that name is taken, and
+/// returns the copy's path. Only the person may read it. A copy that a loss of power may undo is a failure.
 Outcome<std::string> keepBeside(const std::filesystem::path& file, Kept why, const Platform& platform);
 
 /// The copies of that file, the newest first.
 Outcome<std::vector<std::filesystem::path>> keptBeside(const std::filesystem::path& file, const Platform& platform);
 
 struct BroughtBack {
-    bool wroteAnything = true;                  ///< otherwise the store's list was the same already
-    std::optional<std::string> keptAs = {};     ///< the path of what was there before, when that was anything
-    std::optional<std::string> mayBeLost = {};  ///< why a loss of power may yet undo this
+    bool wroteAnything = true;                  ///< false: the store's list was the same already
+    std::optional<std::string> keptAs = {};     ///< the path of the copy of the former list, if there was one
+    std::optional<std::string> mayBeLost = {};  ///< why a loss of power may still undo this
 };
 
-/// Puts a copy of the store's list in its place, whether it loads or not. The copy stays, and what was there is kept
-/// beside. The folder's lock is the caller's.
+/// Brings a copy of the store's list back, whether it is valid or not. The copy stays, and the former list is kept as
+/// another copy. The caller holds the folder's lock.
 Outcome<BroughtBack> bringBack(const std::filesystem::path& copy, const Platform& platform);
 
 }  // namespace orvel

@@ -1,4 +1,4 @@
-// A new design from what a person or a script gives.
+// Makes a new design from the fields that a person or a script gives.
 #pragma once
 
 #include <string>

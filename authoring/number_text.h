@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-/// Decimal digits with at most one point, an exponent if need be; the whole text. Absent for anything else, and for
-/// what is beyond the range of a double.
+/// A text that is a decimal number, with at most one point and perhaps an exponent. Absent for any other text, and for
+/// numbers beyond the range of a double.
 std::optional<double> numberText(std::string_view text);
 
 /// A part of a whole: a number such as 0.38, per cent such as "38%" or "38 %", or a quotient such as "19/50".

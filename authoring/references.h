@@ -1,5 +1,5 @@
-// What a person types for a stored design: an id, the beginning of one (letters in any case) that fits no other, or a
-// position such as @2.
+// Finds the stored design that a person names: by its id, by a beginning of it (letters in any case) that no other id
+// has, or by a position such as @2.
 #pragma once
 
 #include <optional>

@@ -1,11 +1,11 @@
-// A design of each kind as an example of what the kind is for: what the gallery shows, and benchmarks draw.
+// A sample design of each kind, for the gallery and for benchmarks.
 #pragma once
 
 #include "model/widget_spec.h"
 
 namespace orvel {
 
-/// With the fields that the kind shows; the id is left out.
+/// It has the fields that the kind shows, and no id.
 WidgetSpec::Fields sampleDesign(WidgetKind kind);
 
 }  // namespace orvel

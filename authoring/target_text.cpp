@@ -43,7 +43,8 @@ Outcome<std::string> targetText(const std::string& text, const Platform& platfor
         const Date target = platform.clock.now().addingTimeInterval(*seconds);
         return zoned({std::ceil(target.timeIntervalSinceReferenceDate)}, platform.timeZone);
     }
-    // A blank between date and time is a person's own way of writing; T without a zone is left as the store has it.
+    // A blank between date and time is how people write; with T and no zone, the text is kept for the store to
+    // interpret.
     if (text.size() > 10 && text[10] == ' ') {
         if (const auto local = iso8601::localDateTime(text)) {
             if (const auto instant = instantOf(*local, platform.timeZone)) return zoned(*instant, platform.timeZone);

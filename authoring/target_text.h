@@ -8,8 +8,8 @@
 
 namespace orvel {
 
-/// The text to be stored. What the store itself understands stays as it is; "2026-12-24 18:00" is local time, "+3d" and
-/// "+5h" count from now, and all of these become a full time with the zone's offset.
+/// The text to store. The store's own forms stay unchanged; "2026-12-24 18:00" is local time, "+3d" and "+5h" count
+/// from now, and all of these become a date and time with the zone's offset.
 Outcome<std::string> targetText(const std::string& text, const Platform& platform);
 
 }  // namespace orvel

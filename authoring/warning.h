@@ -1,4 +1,4 @@
-// What a person who writes a design should know, though nothing has failed.
+// What the author of a design should know although nothing has failed.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// What loads, but won't show as it was meant.
+// Finds what is valid in a design but won't show as meant.
 #pragma once
 
 #include <string>
@@ -15,14 +15,15 @@ struct DesignWarning {
     Warning warning;
 };
 
-/// What the design's kind doesn't show though it is given, lacks though it shows it, and can't show as it is.
+/// Fields that are given although the kind doesn't show them, that are missing although it does, and whose values can't
+/// be shown as they are.
 std::vector<Warning> warnings(const WidgetSpec& spec, const Symbols& symbols);
 
 /// The same for each design of a list, and ids that occur again.
 std::vector<DesignWarning> warnings(const std::vector<WidgetSpec>& specs, const Symbols& symbols);
 
-/// Members that designs don't have, of a record as JSON or of a list of them; each name once, at the first design that
-/// has it. None for a text that isn't JSON.
+/// Unknown members in a record as JSON, or in a list of records: each name once, at the first design that has it. None
+/// for a text that isn't JSON.
 std::vector<DesignWarning> unknownMembers(std::string json);
 
 }  // namespace orvel
