@@ -1,5 +1,5 @@
-// The command's words and options. Parsing fills in a session; nothing runs yet. The same description gives the help,
-// the manual pages and the shells' completions.
+// Declares the command's words and options. Parsing fills in a session and runs nothing yet. Help, manual page and
+// completions are made from the same declaration.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -38,7 +38,7 @@ int runChecked(int argc, const char* const* argv, const Platform& platform, Cons
     return exitCode(outcome.failure());
 }
 
-// While this lives, what can't be printed ends the command where it is printed.
+// While this object lives, output that can't be printed throws, and so ends the command.
 class ThrowingOutput {
 public:
     explicit ThrowingOutput(std::ostream& out) : out_(out) { out_.exceptions(std::ios::badbit | std::ios::failbit); }
@@ -59,7 +59,7 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
         return code;
     } catch (const std::ios_base::failure&) {
         const int why = errno;
-        // Whoever closed a pipe has seen enough.
+        // A reader that closes the pipe has seen enough.
         if (why != EPIPE) say(std::string("standard output: can't write: ") + std::strerror(why), console);
     } catch (const std::bad_alloc&) {
         console.err << "orvel: out of memory\n";

@@ -13,8 +13,8 @@
 
 namespace {
 
-// What is thrown where nobody catches: by the libraries' own preparations before `main`, and when there isn't even
-// memory for the exception.
+// Handles exceptions that nobody catches: those of the libraries' initialisation before `main`, and a lack of memory
+// even for the exception itself.
 [[noreturn]] void endInOneLine() {
     try {
         if (std::current_exception()) throw;

@@ -1,4 +1,4 @@
-// Pictures of cards in the format that a file's ending names.
+// Writes pictures of cards, in the format that the file's ending names.
 #pragma once
 
 #include <memory>
@@ -23,11 +23,11 @@ enum class Format { png, svg, pdf };
 /// By the ending, in any letter case: .png, .svg, .pdf.
 Outcome<Format> formatOf(const std::string& output);
 
-/// Whether a picture can be written there, as far as that shows before it is drawn: its ending is one of those, and a
-/// terminal gets none.
+/// Checks, before anything is drawn, whether a picture can be written there: the ending must be one of these, and
+/// standard output must not be a terminal.
 Outcome<Done> canWrite(const std::string& output, const Console& console);
 
-/// What drawing takes: the renderer, and the string table of the person's language.
+/// What drawing needs: the renderer, and the texts in the person's language.
 class Drawing {
 public:
     static Outcome<Drawing> open();

@@ -1,4 +1,4 @@
-// A card that is drawn or printed again whenever it may have changed.
+// Draws or prints a card again whenever it may have changed.
 #pragma once
 
 #include "platform/foundation/function_ref.h"
@@ -6,8 +6,8 @@
 
 namespace orvel::tools {
 
-/// Calls `update` at once, and again when the store, the design's file or the time zone changes and at each whole
-/// minute, until SIGINT or SIGTERM. What fails is said when it isn't what was said last, and doesn't end it. Standard
+/// Calls `update` at once, again when the store, the design's file or the time zone changes, and at each whole minute,
+/// until SIGINT or SIGTERM. A failure is printed unless it is the same as the last one, and doesn't end this. Standard
 /// input can't be followed.
 Outcome<Done> follow(const DesignChoice& design, const Platform& platform, Console& console,
                      FunctionRef<Outcome<Done>()> update);

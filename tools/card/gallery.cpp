@@ -13,7 +13,7 @@ namespace {
 
 constexpr double gap = 24;  // points between cards and around them
 
-// The gallery's own moment, so that it looks the same on every day.
+// A fixed time, so that the gallery looks the same every day.
 constexpr std::string_view galleryInstant = "2026-01-01T09:00:00Z";
 
 // One of each kind, and the empty state.

@@ -11,7 +11,7 @@ public:
     CardFile(const RenderChoices& choices, const Platform& platform, Console& console)
         : choices_(choices), platform_(platform), console_(console) {}
 
-    /// Draws the card as it is now, unless that is what the file has.
+    /// Draws the card as it is now, unless the file shows that already.
     Outcome<Done> update() {
         const auto shown = shownEntry(choices_.card.design, platform_, console_);
         if (!shown) return shown.failure();

@@ -12,7 +12,7 @@ struct RenderChoices {
     bool watch = false;  ///< draws again whenever the card changes, until the process is asked to end
 };
 
-/// A store that doesn't load is drawn as the empty state, and then is a failure.
+/// When the store isn't valid, draws the card that the desktop shows meanwhile, and fails.
 Outcome<Done> render(const RenderChoices& choices, const Platform& platform, Console& console);
 
 }  // namespace orvel::tools

@@ -51,7 +51,7 @@ std::optional<std::string> forBar(const Outcome<ShownEntry>& shown, const Locali
                                   const Platform& platform) {
     json::Writer writer;
     writer.beginObject();
-    // A bar hides what has no text.
+    // Waybar hides a module without text.
     if (!shown || shown->complaint) {
         writeForBar(writer, "⚠", unicode::onOneLine(shown ? *shown->complaint : shown.failure().reason), "error");
     } else if (const auto& spec = shown->entry.spec; !spec) {

@@ -14,8 +14,9 @@ struct ShowChoices {
     bool follow = false;  ///< prints again whenever the words change, until the process is asked to end
 };
 
-/// Prints the card that the desktop would show, or the chosen one. A store that doesn't load is a failure after the
-/// empty state's words; a bar gets the reason as its answer instead, since it shows nothing of a command that fails.
+/// Prints the card that the desktop would show, or the chosen one. When the store isn't valid, prints the words of the
+/// card that the desktop shows meanwhile, and fails. For a status bar, the reason is printed as the answer instead,
+/// since a bar ignores the output of a failed command.
 Outcome<Done> show(const ShowChoices& choices, const Platform& platform, Console& console);
 
 }  // namespace orvel::tools

@@ -1,4 +1,4 @@
-// What card a person asks for: the one route from there to the entry that the widget shows.
+// Finds the card that a person asks for; all commands that show one card use this.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@
 
 namespace orvel::tools {
 
-/// At most one of the two; without, the card that the desktop shows.
+/// At most one of the two is given; with none, it is the card that the desktop shows.
 struct DesignChoice {
     std::optional<std::string> reference = {};  ///< of a stored design: an id, the beginning of one, or @2
     std::optional<std::string> file = {};       ///< of one design, or of a list whose first counts; - is standard input
@@ -23,8 +23,8 @@ struct CardChoices {
 };
 
 struct ShownEntry {
-    WidgetEntry entry;  ///< without a design for the empty state
-    /// Why the store has no design to show, though it should have; one line.
+    WidgetEntry entry;  ///< without a design, the card invites to make one
+    /// Why the stored designs couldn't be read; one line.
     std::optional<std::string> complaint = {};
 };
 
@@ -34,7 +34,7 @@ Outcome<ShownEntry> shownEntry(const DesignChoice& design, const Platform& platf
 /// That entry's view on the widget's background.
 View shownView(const ShownEntry& shown, const Platform& platform);
 
-/// Done, or the complaint as the failure of a command that has done what it could.
+/// Success, or the complaint as a failure, for a command that has done what it could.
 Outcome<Done> unlessComplaint(const std::optional<std::string>& complaint);
 
 std::string_view name(WidgetFamily family);

@@ -83,7 +83,7 @@ Outcome<Done> drawSheet(const Names& names, const std::string& output, const Pla
     Scene scene = makeScene(view.containerBackground(background, ContainerBackgroundPlacement::widget), sheet, margin,
                             drawing->context(), drawing->symbols());
 
-    // All symbols there are would take a gigabyte at more.
+    // At a larger scale, the picture of all symbols would take a gigabyte of memory.
     constexpr std::size_t mostSharp = 1000;
     const double scale = names.size() <= mostSharp ? 2 : 1;
     const Picture picture{sheet, cornerRadius, {{{0, 0}, std::move(scene)}}};

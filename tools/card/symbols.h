@@ -14,7 +14,7 @@ struct SymbolChoices {
     std::optional<std::string> picture;  ///< a file, or "-", for a sheet of the symbols
 };
 
-/// Prints the names, one in each line and the best first, or draws the symbols with their names. No symbol is a
+/// Prints the names, one on each line and the best first, or draws the symbols with their names. Finding none is a
 /// failure.
 Outcome<Done> symbols(const SymbolChoices& choices, const Platform& platform, Console& console);
 

@@ -1,4 +1,4 @@
-// Where the command reads and prints, how patient it is, and how it ends.
+// The command's input and output, how long it waits for locks, and its exit codes.
 #pragma once
 
 #include <cstddef>
@@ -15,15 +15,15 @@ struct Console {
     std::istream& in;
     std::ostream& out;
     std::ostream& err;
-    std::optional<std::size_t> columns = {};  ///< of the terminal that `out` is; absent when it is none
-    bool isInteractive = false;               ///< somebody reads `err` and answers on `in`
+    std::optional<std::size_t> columns = {};  ///< the terminal's width; absent when `out` isn't a terminal
+    bool isInteractive = false;               ///< `err` and `in` are terminals, so that questions can be answered
     double lockWait = 30;                     ///< for how many seconds to wait for another process
 };
 
-/// One line on standard error, whatever the sentence has in it: "orvel: …".
+/// Prints the sentence as one line on standard error, without control characters: "orvel: …".
 void say(std::string_view sentence, Console& console);
 
-/// The same for what isn't a failure: "orvel: warning: …".
+/// The same for a warning: "orvel: warning: …".
 void warn(std::string_view sentence, Console& console);
 
 enum ExitCode { done = 0, failed = 1, wrongUsage = 2, doneBut = 3 };

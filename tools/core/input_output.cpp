@@ -59,7 +59,7 @@ Outcome<Done> printAfterwards(std::string_view line, Console& console) try {
     return Done{};
 } catch (const std::ios_base::failure&) {
     const int why = errno;
-    console.out.exceptions(std::ios::goodbit);  // once told is enough
+    console.out.exceptions(std::ios::goodbit);  // the failure is reported once
     if (why == EPIPE) return Done{};
     return Failure{"the change is made, but standard output can't be written: " + std::string(std::strerror(why)),
                    Failure::Cause::afterwards};

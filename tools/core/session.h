@@ -1,4 +1,4 @@
-// One run of the command: what it was called with, and the operation that its words chose.
+// One run of the command: its arguments, and the operation that they chose.
 #pragma once
 
 #include <functional>

@@ -10,7 +10,7 @@ namespace orvel::tools {
 /// one; reading or printing there still fails.
 void holdStandardDescriptors();
 
-/// Of the terminal that standard output is; absent when it is none.
+/// The width of the terminal; absent when standard output isn't a terminal.
 std::optional<std::size_t> columnsOfStandardOutput();
 
 }  // namespace orvel::tools

@@ -1,4 +1,4 @@
-// What a person called wrongly, in words.
+// Explains what is wrong with a command line.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -13,7 +13,7 @@ std::string usageProblem(const CLI::App& app, const CLI::ParseError& error);
 /// The command of those words below `app`, such as "pending" and "set"; null when there is none.
 const CLI::App* findCommand(const CLI::App& app, const std::vector<std::string>& words);
 
-/// There is no such command: that, and which one is near.
+/// Says that there is no such command, and which one was probably meant.
 std::string unknownCommand(const CLI::App& app, const std::string& word);
 
 /// The help texts: placeholders instead of names, and nothing about options that go without each other.

@@ -15,7 +15,7 @@ struct DesignChoices {
     std::optional<int> port = {};
 };
 
-/// Becomes the designer; returns only when that is impossible.
+/// Replaces this process by the designer; returns only when that fails.
 Outcome<Done> design(const DesignChoices& choices, const Platform& platform, Console& console);
 
 }  // namespace orvel::tools

@@ -1,4 +1,4 @@
-// What a card needs of the machine, each with what was found and what a person can do about it.
+// Checks what cards need of the machine: each says what it found, and what to do about what is missing.
 #pragma once
 
 #include <span>
@@ -11,7 +11,7 @@ namespace orvel::tools {
 
 enum class Health {
     good,
-    note,     ///< the card shows, though not as well as it could
+    note,     ///< cards are shown, though not as well as they could be
     problem,  ///< something won't work
 };
 

@@ -1,4 +1,4 @@
-// What is there for the card on this machine, and what to do about what isn't.
+// Prints what this machine has for the cards, and what to do about what is missing.
 #pragma once
 
 #include "platform/foundation/platform.h"

@@ -73,7 +73,7 @@ std::string optionArms(const std::vector<const CommandOutline*>& commands) {
     return arms;
 }
 
-// What stands at each place after a command: its subcommands at the first, or its positionals.
+// What can be typed at each place after a command: its subcommands at the first, or its positionals.
 std::string placeArms(const std::vector<const CommandOutline*>& commands) {
     std::string arms;
     for (const auto* const command : commands) {

@@ -10,13 +10,13 @@ namespace {
 
 std::string inlined(std::string_view text);
 
-// What stands from there to the next `end` beyond it; empty when there is none.
+// The text from `begin` to the next `end`; empty when there is none.
 std::string_view upTo(std::string_view text, std::size_t begin, std::string_view end) {
     const auto found = text.find(end, begin);
     return found == text.npos ? std::string_view() : text.substr(begin, found - begin);
 }
 
-// A mark-up at the start of a text: how long it is, and what stands for it. None is 0 long.
+// Mark-up at the start of a text: its length, and its form on the page. The length is 0 when there is none.
 struct MarkUp {
     std::size_t length = 0;
     std::string page = {};
@@ -60,7 +60,7 @@ std::vector<std::string> cells(std::string_view line) {
     return cells;
 }
 
-// How long the sign is that opens an item of a list, with its blank: "- " or "1. ". None is 0 long.
+// The length of the sign that begins an item of a list, with its blank: "- " or "1. ". It is 0 when there is none.
 std::size_t itemSign(std::string_view line) {
     if (line.starts_with("- ")) return 2;
     const auto digits = std::min(line.find_first_not_of("0123456789"), line.size());

@@ -24,7 +24,7 @@ std::string entry(const std::string& heading, const std::string& text);
 /// Lines as they are, further in.
 std::string verbatim(std::string_view lines);
 
-/// The finished page: a heading is followed by text at once, so a paragraph's mark there goes.
+/// The page without marks of paragraphs directly after headings, where they have no effect.
 std::string withoutEmptyParagraphs(std::string_view page);
 
 }  // namespace orvel::tools::roff

@@ -22,7 +22,7 @@ Outcome<std::optional<Input>> input(const std::optional<std::string>& file, cons
     if (file) {
         auto text = readInput(*file, console);
         if (!text) return text.failure();
-        // As a store it would be refused unread.
+        // A store of that size is refused without reading it.
         const FileFailure tooLarge{"read", std::make_error_code(std::errc::file_too_large)};
         if (text->size() > Files::largest) return Failure{displayName(*file) + ": " + tooLarge.message()};
         return std::optional(Input{displayName(*file), *std::move(text)});

@@ -1,4 +1,4 @@
-// Whether the store would load, and whether it would show as meant.
+// Checks whether designs are valid, and whether they show as meant.
 #pragma once
 
 #include <optional>
@@ -9,8 +9,8 @@
 
 namespace orvel::tools {
 
-/// Prints how many designs load, and a warning for each that won't show as meant. What doesn't load fails with the
-/// file, line and column (from 1, in characters), the design, the key and what is wrong. Absent: the store's list.
+/// Prints how many designs are valid, and warns of what won't show as meant. A fault is a failure with the file, line
+/// and column (from 1, in characters), the design, the key and what is wrong. An absent file is the store's list.
 Outcome<Done> check(const std::optional<std::string>& file, const Platform& platform, Console& console);
 
 }  // namespace orvel::tools

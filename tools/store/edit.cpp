@@ -49,7 +49,7 @@ std::string indented(std::string_view json) {
     return text + '\n';
 }
 
-// A folder of one file for the editor, which only the person may read. It goes, unless the file is to stay.
+// A folder with the file for the editor, which only the person may read. It is deleted, unless the file is kept.
 class Draft {
 public:
     Draft(const Draft&) = delete;

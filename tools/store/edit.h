@@ -9,9 +9,9 @@
 
 namespace orvel::tools {
 
-/// Opens the design's record, indented, or the first design's; checks what comes back, opens it again where it is
-/// wrong, and stores it in its place. A design that changed meanwhile isn't overwritten. What the person wrote and
-/// isn't stored stays in a file that the failure names.
+/// Opens the indented record of the design, or of the first one, and stores it when the editor ends. When the record
+/// has a fault, opens it again there. A design that has changed meanwhile isn't overwritten. What the person wrote but
+/// couldn't be stored stays in a file that the failure names.
 Outcome<Done> edit(const std::optional<std::string>& reference, const Platform& platform, Console& console);
 
 }  // namespace orvel::tools

@@ -24,7 +24,7 @@ bool takesLine(std::string_view command) {
     return std::ranges::find(known, program.substr(program.rfind('/') + 1)) != known.end();
 }
 
-// Ctrl-C and Ctrl-\ are the editor's as long as it runs, as system(3) has it.
+// While the editor runs, Ctrl-C and Ctrl-\ are for the editor alone, as with system(3).
 class KeysForTheEditor {
 public:
     KeysForTheEditor() {

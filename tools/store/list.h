@@ -1,4 +1,4 @@
-// The stored designs, printed.
+// Lists the stored designs.
 #pragma once
 
 #include "platform/foundation/platform.h"
@@ -8,7 +8,7 @@ namespace orvel::tools {
 
 enum class ListForm { table, json, ids };
 
-/// A line for a person, who has stored none, of how to begin.
+/// Tells a person without any designs how to begin.
 inline constexpr const char* noDesignsYet =
     "no designs are stored yet; this makes one: orvel add --kind metric --title \"Active users\" --primary 42\n";
 

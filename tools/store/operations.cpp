@@ -42,7 +42,7 @@ bool isConfirmed(const std::string& question, Console& console) {
     return answer == "y" || answer == "Y" || answer == "yes";
 }
 
-// A list that doesn't load is replaced only when the person wants that.
+// A list that isn't valid is replaced only when the person agrees.
 Outcome<OpenDesigns> openForAdding(bool startOver, const Platform& platform, Console& console) {
     const LockWait wait = patience(console);
     auto designs = openDesigns(platform, wait, startOver ? WhenInvalid::startOver : WhenInvalid::refuse);
@@ -103,7 +103,7 @@ Outcome<Done> addInPlace(const Addition& addition, const Platform& platform, Con
     const std::string id = spec.id;
     const auto losses = assign(addition.fields, spec, platform);
     if (!losses) return losses.failure();
-    spec.id = id;  // as it is written there
+    spec.id = id;  // keeps its spelling
     warnOf(*losses, console);
     warnAbout(spec, console);
     return storeOne(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform, console);
