@@ -1,13 +1,16 @@
 #include "feeds/service.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "feeds/conditions.h"
 #include "feeds/feeds.h"
+#include "feeds/resident_pages.h"
 
 namespace orvel {
 namespace {
 
+constexpr std::size_t mostStartsAtOnce = 8;
 constexpr const char* zoneFile = "/etc/localtime";
 
 // Whether it runs otherwise than before, and thus at once.
@@ -55,6 +58,7 @@ void FeedService::reload() {
     for (const Feed& feed : *feeds) serve(feed, known);
     look();
     Statuses::write(statuses(), Statuses::Until::endOfSession, platform_);
+    releaseProgramPages();  // of starting and reading
 }
 
 void FeedService::serve(const Feed& feed, const FeedStatuses& known) {
@@ -80,6 +84,7 @@ Date FeedService::due(const Served& served, Date now) const {
 void FeedService::look() {
     const Date now = platform_.clock.now();
     std::optional<Date> next;
+    std::vector<Served*> ready;
     bool isAnyWaiting = false;
     for (auto& [name, served] : feeds_) {
         if (!served.isIdle()) continue;
@@ -87,7 +92,7 @@ void FeedService::look() {
         if (date <= now) {
             served.isWaiting = !mayRun(served.feed);
             if (!served.isWaiting) {
-                start(served, date, now);
+                ready.push_back(&served);
                 continue;
             }
             served.planned = Schedule::planned(served.feed.every, date, now);
@@ -96,6 +101,14 @@ void FeedService::look() {
         isAnyWaiting = isAnyWaiting || served.isWaiting;
         next = std::min(next.value_or(date), date);
     }
+    // Those that do well go first, and what comes due meanwhile waits for no more than a few.
+    std::ranges::stable_sort(ready, {},
+                             [](const Served* each) { return each->status.failures * 2 + !each->status.last; });
+    if (ready.size() > mostStartsAtOnce) {
+        ready.resize(mostStartsAtOnce);
+        next = now;
+    }
+    for (Served* const served : ready) start(*served, now);
     if (next) timer_.set(*next);
     if (isAnyWaiting != (conditions_ != nullptr))
         conditions_ = isAnyWaiting ? std::make_unique<ConditionWatch>(loop_, [this] { conditionsChanged(); }) : nullptr;
@@ -107,9 +120,8 @@ void FeedService::conditionsChanged() {
     look();
 }
 
-void FeedService::start(Served& served, Date due, Date now) {
-    served.isWaiting = false;
-    served.planned = Schedule::planned(served.feed.every, due, now);
+void FeedService::start(Served& served, Date now) {
+    served.planned = Schedule::planned(served.feed.every, due(served, now), now);
     served.status.last = now;
     if (!served.status.news) served.status.news = now;
     const bool isTold = served.status.failures + 1 >= failuresUntilTold;

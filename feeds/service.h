@@ -47,7 +47,7 @@ private:
     void reload();
     void serve(const Feed& feed, const FeedStatuses& known);
     void look();
-    void start(Served& served, Date due, Date now);
+    void start(Served& served, Date now);
     void take(const std::string& name, const WorkerReport& report);
     void conditionsChanged();
     Date due(const Served& served, Date now) const;
