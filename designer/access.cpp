@@ -31,14 +31,11 @@ std::string host(std::uint16_t port) {
     return "127.0.0.1:" + std::to_string(port);
 }
 
-// Cookies don't tell ports apart.
-std::string cookieName(std::uint16_t port) {
-    return "orvel-designer-" + std::to_string(port);
-}
+constexpr const char* cookieName = "orvel-designer";
 
 }  // namespace
 
-Access::Access() : secret_(randomHex()) {}
+Access::Access() : secret_(randomHex()), folder_('/' + randomHex() + '/') {}
 
 std::string Access::address(std::uint16_t port) const {
     return "http://" + host(port) + "/?token=" + secret_;
@@ -60,21 +57,39 @@ std::optional<HttpResponse> Access::refuse(const HttpRequest& request, std::uint
     if (origin != "http://" + host(port) && (isPost || !origin.empty()))
         return refusal(403, "only the designer's own page may ask this");
 
-    const std::string_view token = request.parameter("token");
-    const bool isEntry = request.path == "/" && !isPost && !token.empty();
-    if (isEntry && (visits_.erase(std::string(token)) > 0 || isSame(token, secret_))) return std::nullopt;
-    const std::string_view site = request.header("sec-fetch-site");
-    if (!site.empty() && site != "same-origin" && site != "none")
-        return refusal(403, "only the designer's own page may ask this");
-    if (!isSame(request.cookie(cookieName(port)), secret_))
-        return refusal(403, "this address is no key to the designer, or was one for a single visit; call orvel design");
+    const HttpResponse noKey =
+        refusal(403, "this address is no key to the designer, or was one for a single visit; call orvel design");
+    if (request.path == "/") {
+        const std::string_view token = request.parameter("token");
+        const bool isVisit = !isPost && visits_.erase(std::string(token)) > 0;
+        if (!isVisit && !isSame(token, secret_)) return noKey;
+    } else {
+        const std::string_view site = request.header("sec-fetch-site");
+        if (!site.empty() && site != "same-origin" && site != "none")
+            return refusal(403, "only the designer's own page may ask this");
+        if (!isSame(request.path.substr(0, folder_.size()), folder_)) return noKey;
+        if (!isSame(request.cookie(cookieName), secret_)) return noKey;
+    }
     if (isPost && request.header("content-type") != "application/json")
         return refusal(415, "a body is application/json");
     return std::nullopt;
 }
 
-std::pair<std::string, std::string> Access::cookie(std::uint16_t port) const {
-    return {"Set-Cookie", cookieName(port) + "=" + secret_ + "; Path=/; HttpOnly; SameSite=Strict"};
+// Not by a redirect: when another site's link led here, the browser would go on without the cookie.
+HttpResponse Access::entrance(const HttpRequest& request) const {
+    const std::string_view design = request.parameter("design");
+    const std::string page = folder_ + (design.empty() ? "" : "?design=" + percentEncoded(design));
+    return {200,
+            "text/html; charset=utf-8",
+            "<!doctype html><title>Orvel</title><meta http-equiv=\"refresh\" content=\"0; url=" + page +
+                "\"><a href=\"" + page + "\">Orvel</a>\n",
+            {{"Set-Cookie",
+              std::string(cookieName) + '=' + secret_ + "; Path=" + folder_ + "; HttpOnly; SameSite=Strict"}}};
+}
+
+HttpRequest Access::withinFolder(HttpRequest request) const {
+    request.path.erase(0, folder_.size() - 1);
+    return request;
 }
 
 }  // namespace orvel::designer

@@ -1,6 +1,7 @@
 // Who may ask the server for something: the person's own pages, and nobody else on the machine or the network. A page
-// is opened with a secret in its address, which the browser then keeps as a cookie for this server. Host and Origin are
-// checked, so that no other site's page gets in under another name or in the person's.
+// is opened with a secret in its address, which the browser then keeps as a cookie. A browser shows a host's cookies to
+// all of its ports, also to those of other accounts; so the cookie is for a folder alone whose name they can't know.
+// Host and Origin are checked, so that no other site's page gets in under another name or in the person's.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +16,7 @@ namespace orvel::designer {
 
 class Access {
 public:
-    /// Makes the secret: 128 random bits in hexadecimal digits.
+    /// Makes the secrets: 128 random bits each, in hexadecimal digits.
     Access();
 
     /// For the person's terminal and for files that only the person reads.
@@ -25,11 +26,14 @@ public:
 
     /// Absent when the request may be answered.
     std::optional<HttpResponse> refuse(const HttpRequest& request, std::uint16_t port);
-    /// The page's own header that makes the browser keep the secret.
-    std::pair<std::string, std::string> cookie(std::uint16_t port) const;
+    /// To a request for the address: makes the browser keep the secret and go on to the page.
+    HttpResponse entrance(const HttpRequest& request) const;
+    /// A request that isn't refused, as it is within the folder.
+    HttpRequest withinFolder(HttpRequest request) const;
 
 private:
     std::string secret_;
+    std::string folder_;  ///< /0123…/
     std::set<std::string> visits_;
 };
 

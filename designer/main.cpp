@@ -63,19 +63,7 @@ Outcome<std::string> designPart(const Choices& choices, const Platform& platform
     if (!specs) return specs.failure();
     const auto index = findOne(*specs, *choices.design);
     if (!index) return index.failure();
-    std::string part = "&design=";
-    for (const char c : (*specs)[*index].id) {
-        const auto byte = static_cast<unsigned char>(c);
-        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-';
-        if (isPlain) {
-            part += c;
-        } else {
-            part += '%';
-            part += "0123456789ABCDEF"[byte >> 4];
-            part += "0123456789ABCDEF"[byte & 15];
-        }
-    }
-    return part;
+    return "&design=" + percentEncoded((*specs)[*index].id);
 }
 
 void show(const std::string& address) {

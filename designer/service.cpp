@@ -47,10 +47,14 @@ Service::Service(CardPictures pictures, Hooks hooks, const Platform& platform)
 }
 
 HttpResponse Service::answer(const HttpRequest& request) {
-    if (request.method == "GET") return get(request);
-    const auto body = readBody(request.body);
+    const bool isPost = request.method == "POST";
+    if (request.path == "/")
+        return isPost ? HttpResponse{200, "text/plain", access.addressForOneVisit(port)} : access.entrance(request);
+    const HttpRequest inner = access.withinFolder(request);
+    if (!isPost) return get(inner);
+    const auto body = readBody(inner.body);
     if (!body) return refusal(400, "the body isn't what this address takes");
-    return post(request, *body);
+    return post(inner, *body);
 }
 
 void Service::look() {
@@ -83,9 +87,7 @@ HttpResponse Service::get(const HttpRequest& request) {
         return {200, "application/json", countdownJson(workbench_.draft(), platform_)};
     const PageFile* const file = pageFile(request.path);
     if (!file) return refusal(404, "there is nothing at this address");
-    HttpResponse response{200, std::string(file->type), std::string(file->bytes)};
-    if (request.path == "/") response.headers.push_back(access.cookie(port));
-    return response;
+    return {200, std::string(file->type), std::string(file->bytes)};
 }
 
 HttpResponse Service::post(const HttpRequest& request, const Body& body) {
@@ -94,7 +96,6 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
     if (request.path == "/api/type") return type(request, body);
     if (request.path == "/api/paste") return paste(request, body);
     if (request.path.starts_with("/api/desktop/")) return changeDesktop(request, body);
-    if (request.path == "/api/visit") return {200, "text/plain", access.addressForOneVisit(port)};
     if (request.path == "/api/new")
         done = workbench_.startNew(unsaved);
     else if (request.path == "/api/edit")

@@ -32,7 +32,6 @@ public:
     /// Makes safe what was typed.
     void keep();
 
-    /// The index page's own headers come from here.
     Access access;
     std::uint16_t port = 0;
 

@@ -87,9 +87,9 @@ Outcome<std::string> askForVisit(const OtherDesigner& other) {
     std::from_chars(digits.data(), digits.data() + digits.size(), number);
     const std::string host = "127.0.0.1:" + digits;
     const std::string answer =
-        answerTo(number, "POST /api/visit HTTP/1.1\r\nHost: " + host + "\r\nOrigin: http://" + host +
-                             "\r\nCookie: orvel-designer-" + digits + "=" + address.substr(token + 8) +
-                             "\r\nContent-Type: application/json\r\nContent-Length: 2\r\nConnection: close\r\n\r\n{}");
+        answerTo(number, "POST " + address.substr(token) + " HTTP/1.1\r\nHost: " + host + "\r\nOrigin: http://" + host +
+                             "\r\nContent-Type: application/json\r\nContent-Length: 2"
+                             "\r\nConnection: close\r\n\r\n{}");
     const auto body = answer.find("\r\n\r\n");
     if (!answer.starts_with("HTTP/1.1 200 ") || body == answer.npos) return noAnswer;
     return answer.substr(body + 4);

@@ -131,4 +131,20 @@ std::optional<std::string> percentDecoded(std::string_view text) {
     return result;
 }
 
+std::string percentEncoded(std::string_view text) {
+    std::string result;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool isPlain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-';
+        if (isPlain) {
+            result += c;
+        } else {
+            result += '%';
+            result += "0123456789ABCDEF"[byte >> 4];
+            result += "0123456789ABCDEF"[byte & 15];
+        }
+    }
+    return result;
+}
+
 }  // namespace orvel::designer

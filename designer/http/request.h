@@ -39,5 +39,7 @@ Result<HttpRequest, BadRequest> parseHead(std::string_view head);
 
 /// Absent for a text with a wrong or a NUL escape.
 std::optional<std::string> percentDecoded(std::string_view text);
+/// As a parameter's value. All but letters, digits and "-" is escaped.
+std::string percentEncoded(std::string_view text);
 
 }  // namespace orvel::designer

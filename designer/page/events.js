@@ -9,7 +9,7 @@ export function serverEvents() {
   const hear = ({ name, data }) => heard.dispatchEvent(new MessageEvent(name, { data }));
   windows.addEventListener('message', ({ data }) => hear(data));
   navigator.locks.request('orvel-events', () => new Promise(() => {
-    const server = new EventSource('/api/events');
+    const server = new EventSource('api/events');
     for (const name of names) {
       server.addEventListener(name, ({ data }) => {
         hear({ name, data });

@@ -167,7 +167,7 @@ function makeDownloads() {
   for (const family of ['small', 'medium']) {
     for (const format of ['png', 'svg', 'pdf']) {
       const link = document.createElement('a');
-      link.href = `/api/card?family=${family}&format=${format}${format === 'png' ? '&scale=2' : ''}`;
+      link.href = `api/card?family=${family}&format=${format}${format === 'png' ? '&scale=2' : ''}`;
       link.download = '';
       link.textContent = t('downloadFile', { format: format.toUpperCase(), size: t(family).toLocaleLowerCase() });
       by('downloads').append(' ', link);
@@ -225,7 +225,7 @@ async function followScale() {
 
 const wanted = new URLSearchParams(location.search).get('design');
 // The secret isn't for the history, and a reload begins where this page is.
-history.replaceState(null, '', '/');
+history.replaceState(null, '', location.pathname);
 await loadWords();
 fillIn();
 offerLanguages(by('language'));

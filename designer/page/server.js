@@ -8,10 +8,13 @@ async function answer(response) {
   throw Object.assign(new Error(body.reason), { status: response.status, field: body.field || '' });
 }
 
-export const withScale = (path) => `${path}${path.includes('?') ? '&' : '?'}scale=${scale()}`;
+// The page lies in a folder whose name is a secret, and so does all that it asks for.
+const below = (path) => path.replace(/^\//, '');
+
+export const withScale = (path) => `${below(path)}${path.includes('?') ? '&' : '?'}scale=${scale()}`;
 
 export async function get(path) {
-  return answer(await fetch(path));
+  return answer(await fetch(below(path)));
 }
 
 export async function post(path, body = {}) {

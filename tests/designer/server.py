@@ -5,6 +5,7 @@ import atexit
 import http.client
 import json
 import os
+import re
 import resource
 import signal
 import socket
@@ -41,7 +42,15 @@ address = designer.stdout.readline().strip()
 origin, token = address.split("/?token=")
 host = origin.removeprefix("http://")
 port = int(host.split(":")[1])
-cookie = f"orvel-designer-{port}={token}"
+entry = http.client.HTTPConnection("127.0.0.1", port, timeout=PATIENCE)
+entry.request("GET", f"/?token={token}", headers={"Host": host})
+given = entry.getresponse()
+cookie, _, attributes = given.getheader("Set-Cookie").partition("; ")
+# The folder's name is a secret of its own, so that the cookie isn't shown to other accounts' servers on this machine.
+folder = attributes.split("Path=")[1].split(";")[0].rstrip("/")
+check("the cookie", re.sub("[0-9a-f]{32}", "*", f"{cookie}; {attributes}"), "orvel-designer=*; Path=/*/; HttpOnly; SameSite=Strict")
+check("two secrets", folder.strip("/") in (token, cookie.split("=")[1]), False)
+check("it leads to the page", f"url={folder}/\"" in given.read().decode(), True)
 ours = {"Host": host, "Cookie": cookie}
 page = {**ours, "Origin": origin, "Content-Type": "application/json"}
 
@@ -72,39 +81,43 @@ def without(headers, name):
     return {key: value for key, value in headers.items() if key != name}
 
 
-SAVE = ("POST", "/api/save")
+SAVE = ("POST", f"{folder}/api/save")
 for what, method, path, headers, body, status in [
-    ("its own page", "GET", "/", ours, None, 200),
+    ("its own page", "GET", f"{folder}/", ours, None, 200),
+    ("the entrance without its token", "GET", "/", ours, None, 403),
+    ("another folder", "GET", folder[:-1] + "x/", ours, None, 403),
+    ("no folder", "GET", "/api/state", ours, None, 403),
     ("the address with its token", "GET", f"/?token={token}", {"Host": host}, None, 200),
     ("the same from another site's link", "GET", f"/?token={token}", {"Host": host, "Sec-Fetch-Site": "cross-site"}, None, 200),
-    ("no token", "GET", "/", {"Host": host}, None, 403),
+    ("no token", "GET", f"{folder}/", {"Host": host}, None, 403),
     ("a wrong token", "GET", "/?token=" + "0" * 32, {"Host": host}, None, 403),
     ("the token's beginning", "GET", f"/?token={token[:-1]}", {"Host": host}, None, 403),
-    ("the token anywhere but at the page", "GET", f"/api/state?token={token}", {"Host": host}, None, 403),
-    ("no token for a file", "GET", "/style.css", {"Host": host}, None, 403),
-    ("another port's cookie", "GET", "/api/state", {"Host": host, "Cookie": f"orvel-designer-1={token}"}, None, 403),
+    ("the token anywhere but at the page", "GET", f"{folder}/api/state?token={token}", {"Host": host}, None, 403),
+    ("no token for a file", "GET", f"{folder}/style.css", {"Host": host}, None, 403),
+    ("another cookie", "GET", f"{folder}/api/state", {"Host": host, "Cookie": f"orvel={token}"}, None, 403),
+    ("a wrong cookie", "GET", f"{folder}/api/state", {"Host": host, "Cookie": cookie[:-1] + "x"}, None, 403),
     ("another name of this machine", "GET", "/", {**ours, "Host": f"localhost:{port}"}, None, 421),
     ("a name made to lead here", "GET", "/", {**ours, "Host": f"evil.example:{port}"}, None, 421),
     ("no Host", "GET", "/", {"Cookie": cookie}, None, 421),
-    ("another site reads", "GET", "/api/state", {**ours, "Origin": "https://evil.example"}, None, 403),
-    ("another site includes", "GET", "/api/state", {**ours, "Sec-Fetch-Site": "cross-site"}, None, 403),
-    ("another port's page includes", "GET", "/api/state", {**ours, "Sec-Fetch-Site": "same-site"}, None, 403),
+    ("another site reads", "GET", f"{folder}/api/state", {**ours, "Origin": "https://evil.example"}, None, 403),
+    ("another site includes", "GET", f"{folder}/api/state", {**ours, "Sec-Fetch-Site": "cross-site"}, None, 403),
+    ("another port's page includes", "GET", f"{folder}/api/state", {**ours, "Sec-Fetch-Site": "same-site"}, None, 403),
     ("another site writes", *SAVE, {**page, "Origin": "https://evil.example"}, "{}", 403),
     ("a hidden site writes", *SAVE, {**page, "Origin": "null"}, "{}", 403),
     ("nobody says who writes", *SAVE, without(page, "Origin"), "{}", 403),
     ("a form writes", *SAVE, {**page, "Content-Type": "text/plain"}, "{}", 415),
     ("no JSON", *SAVE, page, "{", 400),
-    ("a wrong type", "POST", "/api/type", page, '{"fields":{"title":[1]}}', 400),
-    ("a draft of yesterday", "POST", "/api/type", page, '{"revision":999,"fields":{"title":"x"}}', 409),
-    ("an unknown design", "POST", "/api/edit", page, '{"id":"nobody"}', 422),
-    ("an unknown operation", "POST", "/api/erase", page, "{}", 404),
+    ("a wrong type", "POST", f"{folder}/api/type", page, '{"fields":{"title":[1]}}', 400),
+    ("a draft of yesterday", "POST", f"{folder}/api/type", page, '{"revision":999,"fields":{"title":"x"}}', 409),
+    ("an unknown design", "POST", f"{folder}/api/edit", page, '{"id":"nobody"}', 422),
+    ("an unknown operation", "POST", f"{folder}/api/erase", page, "{}", 404),
     ("another method", "DELETE", "/", ours, None, 405),
-    ("a way out", "GET", "/../../etc/passwd", ours, None, 404),
-    ("a way out, escaped", "GET", "/%2e%2e/%2e%2e/etc/passwd", ours, None, 404),
-    ("an unknown form of picture", "GET", "/api/card?format=exe", ours, None, 400),
-    ("the source of a file", "GET", "/page/main.js", ours, None, 404),
-    ("a NUL", "GET", "/style.css%00.js", ours, None, 400),
-    ("a large body", "POST", "/api/type", page, "x" * (2 << 20), 413),
+    ("a way out", "GET", f"{folder}/../../etc/passwd", ours, None, 404),
+    ("a way out, escaped", "GET", f"{folder}/%2e%2e/%2e%2e/etc/passwd", ours, None, 404),
+    ("an unknown form of picture", "GET", f"{folder}/api/card?format=exe", ours, None, 400),
+    ("the source of a file", "GET", f"{folder}/page/main.js", ours, None, 404),
+    ("a NUL", "GET", f"{folder}/style.css%00.js", ours, None, 400),
+    ("a large body", "POST", f"{folder}/api/type", page, "x" * (2 << 20), 413),
 ]:
     seen, answer, headers = ask(method, path, headers, body)
     check(what, seen, status)
@@ -112,7 +125,7 @@ for what, method, path, headers, body, status in [
         failures.append(f"{what}: no reason")
     check(f"{what}: no other origin's content", "'none'" in headers["Content-Security-Policy"], True)
 
-GET = f"GET /api/state HTTP/1.1\r\nHost: {host}\r\nCookie: {cookie}\r\n".encode()
+GET = f"GET {folder}/api/state HTTP/1.1\r\nHost: {host}\r\nCookie: {cookie}\r\n".encode()
 for what, data, status in [
     ("a long head", GET + b"X: " + b"x" * 20000 + b"\r\n\r\n", b"431"),
     ("many headers", GET + b"".join(b"X%d: y\r\n" % i for i in range(3000)) + b"\r\n", b"431"),
@@ -126,15 +139,15 @@ for what, data, status in [
     check(what, raw(data)[9:12], status)
 
 # Texts are data, and a field that can't be is refused by its name.
-state = json.loads(ask("GET", "/api/state", ours)[1])
-typed = json.loads(ask("POST", "/api/type", page, json.dumps(
+state = json.loads(ask("GET", f"{folder}/api/state", ours)[1])
+typed = json.loads(ask("POST", f"{folder}/api/type", page, json.dumps(
     {"revision": state["draft"]["revision"], "fields": {"title": "</script>", "progress": "much", "items": ["a", "b"]}}))[1])
 check("refused by name", [refusal["field"] for refusal in typed["refusals"]], ["progress"])
 check("the others are taken", (typed["draft"]["record"]["title"], typed["draft"]["record"]["items"]), ("</script>", ["a", "b"]))
 
 # A body of a gigabyte is refused by its length, and the answer arrives while it is still being sent.
 with socket.create_connection(("127.0.0.1", port), timeout=PATIENCE) as client:
-    client.sendall(f"POST /api/type HTTP/1.1\r\nHost: {host}\r\nCookie: {cookie}\r\nOrigin: {origin}\r\n"
+    client.sendall(f"POST {folder}/api/type HTTP/1.1\r\nHost: {host}\r\nCookie: {cookie}\r\nOrigin: {origin}\r\n"
                    f"Content-Type: application/json\r\nContent-Length: {1 << 30}\r\n\r\n".encode())
     flood = b"x" * (1 << 20)
     for _ in range(64):
@@ -144,7 +157,7 @@ with socket.create_connection(("127.0.0.1", port), timeout=PATIENCE) as client:
 # More clients than are served: the ones that say nothing for longest go, and a page is still answered.
 resource.setrlimit(resource.RLIMIT_NOFILE, (min(4096, resource.getrlimit(resource.RLIMIT_NOFILE)[1]),) * 2)
 crowd = [socket.create_connection(("127.0.0.1", port), timeout=PATIENCE) for _ in range(1000)]
-check("among a thousand connections", ask("GET", "/api/state", ours)[0], 200)
+check("among a thousand connections", ask("GET", f"{folder}/api/state", ours)[0], 200)
 check("the longest silent one", crowd[0].recv(1), b"")
 for client in crowd:
     client.close()

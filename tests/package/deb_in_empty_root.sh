@@ -45,8 +45,14 @@ inside orvel design --no-browser 2> "$root/said" && fail "a designer that isn't 
 inside apt-get -q install -y --no-install-recommends /orvel-designer.deb
 coproc inside orvel design --no-browser
 read -r address <&"${COPROC[0]}"
-python3 -c 'import sys, urllib.request as r; sys.exit(b"Designs" not in r.urlopen(sys.argv[1]).read())' "$address" ||
-    fail "the designer's page doesn't come"
+python3 - "$address" <<'PY' || fail "the designer's page draws no card"
+import re, sys, urllib.parse, urllib.request
+browser = urllib.request.build_opener(urllib.request.HTTPCookieProcessor())
+entrance = browser.open(sys.argv[1]).read().decode()
+page = urllib.parse.urljoin(sys.argv[1], re.search('url=([^"]+)', entrance)[1])
+card = browser.open(urllib.parse.urljoin(page, "api/card?format=png")).read()
+sys.exit(not card.startswith(b"\x89PNG"))
+PY
 kill "$COPROC_PID"
 wait "$COPROC_PID" || true
 
