@@ -166,8 +166,16 @@ TEST_F(FeedOf, SaysSinceWhenThereIsNoNewsAndTakesItBack) {
 
     EXPECT_EQ(noNews(60), "");
     edit([](WidgetSpec& spec) { spec.secondary = "mine"; });
+    const FixedClock tomorrow(machine.platform.clock.now().addingTimeInterval(86400));
+    EXPECT_TRUE(sayNoNews(feed, Date{}, machine.platform.with(tomorrow)));
     EXPECT_EQ(update("primary=3"), "");
     EXPECT_EQ(design().secondary, "mine") << "a person's, meanwhile";
+
+    EXPECT_EQ(noNews(60), "");
+    EXPECT_TRUE(sayNoNews(feed, Date{}, machine.platform.with(tomorrow)));
+    EXPECT_EQ(design().secondary, "no news since 2001-01-01") << "the next day";
+    EXPECT_EQ(update("primary=3"), "");
+    EXPECT_EQ(design().secondary, "mine");
 
     edit([](WidgetSpec& spec) { spec.kind = WidgetKind::progress; });
     EXPECT_EQ(noNews(60), "");
