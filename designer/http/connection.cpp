@@ -16,10 +16,9 @@ HttpConnection::HttpConnection(Descriptor socket, const HttpServer::Handlers& ha
 
 bool HttpConnection::proceed() {
     if (!receive()) return false;
-    while (!isClosing_ && !isStream_ && output_.empty() && answerNext()) {
+    do {
         if (!transmit()) return false;
-    }
-    if (!transmit()) return false;
+    } while (!isClosing_ && !isStream_ && output_.empty() && answerNext());
     if (isClosing_ && output_.empty()) endOutput();
     return !(output_.empty() && hasEnded_);
 }

@@ -211,5 +211,15 @@ TEST_F(Serving, RequestsBehindOneAnotherAreAnsweredInTurn) {
     EXPECT_EQ(answers, 3);
 }
 
+TEST_F(Serving, ARequestWaitsUntilTheAnswerBeforeItIsTaken) {
+    serve({});
+    Client client = this->client();
+    client.send("GET /large HTTP/1.1\r\n\r\nGET / HTTP/1.1\r\n\r\n");
+    EXPECT_TRUE(eventually([&] { return answers == 1; }));
+    runFor(20ms);
+    EXPECT_EQ(answers, 1) << "the first answer is more than the system keeps for a client that doesn't read";
+    EXPECT_TRUE(eventually([&] { return client.received().ends_with("GET"); }));
+}
+
 }  // namespace
 }  // namespace orvel::designer

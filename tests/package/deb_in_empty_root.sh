@@ -43,7 +43,7 @@ inside orvel-widget 2> "$root/said" || code=$?
 inside orvel design --no-browser 2> "$root/said" && fail "a designer that isn't installed serves"
 [[ "$(cat "$root/said")" == *"package orvel-designer" ]] || fail "the package isn't named: $(cat "$root/said")"
 inside apt-get -q install -y --no-install-recommends /orvel-designer.deb
-coproc inside orvel design --no-browser
+coproc exec chroot "$root" env -i HOME=/root PATH=/usr/bin:/bin LC_ALL=C.UTF-8 orvel design --no-browser
 read -r address <&"${COPROC[0]}"
 python3 - "$address" <<'PY' || fail "the designer's page draws no card"
 import re, sys, urllib.parse, urllib.request
