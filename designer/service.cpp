@@ -218,7 +218,10 @@ HttpResponse Service::card(const HttpRequest& request) const {
 }
 
 HttpResponse Service::found(const HttpRequest& request) const {
-    return {200, "application/json", symbolsJson(symbols_, request.parameter("words"))};
+    const std::string_view text = request.parameter("from");
+    std::size_t from = 0;
+    std::from_chars(text.data(), text.data() + text.size(), from);
+    return {200, "application/json", symbolsJson(symbols_, request.parameter("words"), from)};
 }
 
 void Service::noticeAll() {

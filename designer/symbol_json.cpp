@@ -32,12 +32,15 @@ std::string pathData(const SymbolOutline& outline) {
 
 }  // namespace
 
-std::string symbolsJson(const Symbols& symbols, std::string_view words) {
+std::string symbolsJson(const Symbols& symbols, std::string_view words, std::size_t from) {
     constexpr std::size_t most = 120;
     const auto names = words.empty() ? symbols.names() : symbols.search(words);
     json::Writer writer;
-    writer.beginObject().key("count").integer(static_cast<std::int64_t>(names.size())).key("symbols").beginArray();
-    for (std::size_t i = 0; i < std::min(most, names.size()); ++i) {
+    const std::size_t first = std::min(from, names.size());
+    const std::size_t next = std::min(first + most, names.size());
+    writer.beginObject().key("count").integer(static_cast<std::int64_t>(names.size()));
+    writer.key("next").integer(static_cast<std::int64_t>(next)).key("symbols").beginArray();
+    for (std::size_t i = first; i < next; ++i) {
         const SymbolOutline* const outline = symbols.outline(names[i]);
         if (!outline) continue;
         writer.beginObject().key("name").string(names[i]).key("path").string(pathData(*outline)).endObject();

@@ -8,8 +8,8 @@
 
 namespace orvel::designer {
 
-/// {"count":N,"symbols":[{"name":"flag.fill","path":"M…"}]}: the best ones first, and how many there are. A path is
-/// SVG's, in a square of 100 units.
-std::string symbolsJson(const Symbols& symbols, std::string_view words);
+/// {"count":N,"next":M,"symbols":[{"name":"flag.fill","path":"M…"}]}: the best ones first, from that one on; how many
+/// there are in all, and from where to go on. A path is SVG's, in a square of 100 units.
+std::string symbolsJson(const Symbols& symbols, std::string_view words, std::size_t from = 0);
 
 }  // namespace orvel::designer

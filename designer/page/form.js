@@ -43,7 +43,14 @@ function makeNotes() {
   }
 }
 
-function send(field, value) {
+// A portion as a person writes it: 38 is meant in per cent, and a comma may stand before the decimals.
+function portion(text) {
+  const plain = text.trim().replace(',', '.');
+  return /^\d+(\.\d+)?$/.test(plain) && Number(plain) > 1 ? `${plain}%` : plain;
+}
+
+function send(field, text) {
+  const value = field === 'progress' ? portion(text) : text;
   typed(field, value === '' || value.length === 0 ? null : value);
 }
 

@@ -7,6 +7,7 @@ const grid = document.getElementById('symbols');
 const popup = document.getElementById('symbols-popup');
 const count = document.getElementById('symbols-count');
 let asked = 0;
+let more;  // loads what follows, as long as there is more
 let choose = () => {};
 
 function picture(path) {
@@ -29,33 +30,55 @@ function point(option) {
   option.scrollIntoView({ block: 'nearest' });
 }
 
-async function open(words) {
+function option({ name, path }, index) {
+  const element = document.createElement('div');
+  element.id = `symbol-${index}`;
+  element.role = 'option';
+  element.title = name;
+  element.dataset.name = name;
+  element.ariaLabel = name;
+  element.ariaSelected = 'false';
+  element.append(picture(path));
+  return element;
+}
+
+// The found ones from there on; none of an answer that comes too late.
+async function load(words, from) {
   const question = ++asked;
-  const answer = await get(`/api/symbols?words=${encodeURIComponent(words)}`);
-  if (question !== asked) return;
-  grid.replaceChildren(...answer.symbols.map(({ name, path }, index) => {
-    const option = document.createElement('div');
-    option.id = `symbol-${index}`;
-    option.role = 'option';
-    option.title = name;
-    option.dataset.name = name;
-    option.ariaLabel = name;
-    option.ariaSelected = 'false';
-    option.append(picture(path));
-    return option;
-  }));
+  const answer = await get(`/api/symbols?words=${encodeURIComponent(words)}&from=${from}`);
+  if (question !== asked) return false;
+  if (from === 0) grid.replaceChildren();
+  grid.append(...answer.symbols.map((symbol, index) => option(symbol, from + index)));
+  const isWhole = answer.next >= answer.count;
+  const shown = options().length;
+  more = isWhole ? undefined : () => load(words, answer.next);
+  if (shown === 0) count.textContent = t('noneFound');
+  else count.textContent = isWhole ? t('found', { count: shown }) : t('firstOf', { shown, count: answer.count });
+  return true;
+}
+
+async function open(words) {
+  if (!await load(words, 0)) return;
   popup.hidden = false;
-  grid.hidden = answer.symbols.length === 0;
+  grid.hidden = options().length === 0;
+  grid.scrollTop = 0;
   field.ariaExpanded = 'true';
   field.removeAttribute('aria-activedescendant');
-  const shown = answer.symbols.length;
-  if (shown === 0) count.textContent = t('noneFound');
-  else count.textContent = answer.count > shown ? t('firstOf', { shown, count: answer.count }) : t('found', { count: shown });
+}
+
+function onScroll() {
+  const isNearEnd = grid.scrollTop + 2 * grid.clientHeight > grid.scrollHeight;
+  const next = more;
+  more = undefined;
+  if (isNearEnd && next) next();
+  else more = next;
 }
 
 function close() {
   ++asked;
   popup.hidden = true;
+  grid.replaceChildren();
+  more = undefined;
   field.ariaExpanded = 'false';
   field.removeAttribute('aria-activedescendant');
   count.textContent = '';
@@ -101,6 +124,7 @@ export function setUpSymbols(typed, chosen) {
   field.addEventListener('keydown', onKey);
   field.addEventListener('blur', close);
   // The field keeps the focus.
+  grid.addEventListener('scroll', onScroll);
   grid.addEventListener('mousedown', (event) => event.preventDefault());
   grid.addEventListener('click', (event) => {
     const option = event.target.closest('[role=option]');

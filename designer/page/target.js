@@ -72,5 +72,6 @@ export async function showCountdown(text) {
   const { now, tomorrow, end } = await get('/api/countdown');
   if (mine !== asked) return;
   says.hidden = false;
-  says.textContent = t('countdownSays', { date: moment(date), now, tomorrow, end });
+  const [soon, later, last] = [now, tomorrow, end].map((words) => words.replace(' ', '\u00a0'));
+  says.textContent = t('countdownSays', { date: moment(date), now: soon, tomorrow: later, end: last });
 }

@@ -4,6 +4,7 @@
 import assert from 'node:assert/strict';
 import { createRequire } from 'node:module';
 import { readFileSync, readdirSync } from 'node:fs';
+import { gzipSync } from 'node:zlib';
 import { Home, openBrowser } from './designer.mjs';
 import { byRole, eventually } from './driver.mjs';
 
@@ -85,10 +86,25 @@ async function speaks(language) {
   await context.close();
 }
 
+// What a visit loads before the first card, compressed.
+async function weighs() {
+  const context = await browser.newContext({ locale: 'ar' });
+  const page = await context.newPage();
+  const files = [];
+  page.on('response', (response) => !response.url().includes('/api/') && files.push(response.body()));
+  await page.goto(designer.address);
+  await page.locator('#small[src]').waitFor();
+  const bytes = (await Promise.all(files)).map((body) => gzipSync(body).length).reduce((sum, length) => sum + length, 0);
+  assert.ok(bytes > 10000 && bytes <= 150000, `${bytes} bytes`);
+  console.log(`the page weighs ${Math.round(bytes / 1000)} kB`);
+  await context.close();
+}
+
 const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 400000);
 try {
   for (const file of readdirSync(languages)) await speaks(file.replace('.js', ''));
   console.log('each language is spoken, and can be chosen');
+  await weighs();
   for (const [locale, scheme] of [['en', 'light'], ['en', 'dark'], ['ar', 'light']]) await look(locale, scheme, [1280], true);
   console.log('axe finds nothing');
   for (const locale of ['en', 'de', 'fr', 'ar']) await look(locale, 'light', [360, 700, 2560, 3840], false);

@@ -22,7 +22,7 @@ const picture = async (page, name) =>
 const kinds = [
   ['Metric', { Title: 'Active users', 'Main text': '42', 'Second line': '12 more', Symbol: 'person.2.fill', 'Accent colour': '#0A84FF' },
     ['--primary', '42', '--secondary', '12 more', '--symbol', 'person.2.fill', '--accent', '#0A84FF']],
-  ['Progress', { Title: 'Reading', Progress: '0.38', Symbol: 'book.fill' }, ['--progress', '0.38', '--symbol', 'book.fill']],
+  ['Progress', { Title: 'Reading', Progress: '38', Symbol: 'book.fill' }, ['--progress', '0.38', '--symbol', 'book.fill']],
   ['List', { Title: 'Groceries', Items: ['Oat milk', 'Bread, dark'] }, ['--item', 'Oat milk', '--item', 'Bread, dark']],
   ['Note', { Title: '<b>x</b><img src=x onerror=alert(1)>', 'Main text': '"><script>alert(1)</script>', 'Second line': 'שלום ‮x' },
     ['--primary', '"><script>alert(1)</script>', '--secondary', 'שלום ‮x']],
@@ -85,6 +85,32 @@ async function whatWasTypedIsKept(page) {
   await eventually('the chosen symbol', 'house', async () => pending()?.symbol);
 }
 
+async function fieldsTakeWhatAPersonWrites(page) {
+  const names = home.orvel('symbols').toString().trim().split('\n');
+  const [first] = stored();
+  home.orvel('add', '--kind', 'progress', '--title', 'Portions', '--symbol', 'flag.fill');
+  await eventually('the page shows it', stored()[0].id, () => page.locator('#designs button').first().getAttribute('data-id'));
+  await page.locator('#designs button').first().click();
+  await byRole(page, 'button', 'Save').and(page.locator(':disabled')).waitFor();
+  for (const [text, expected] of [['38', 0.38], ['1', 1], ['38 %', 0.38], ['19/50', 0.38], ['0,38', 0.38], ['0.5', 0.5], ['100', 1], ['12.5', 0.125], ['much', 0.125]]) {
+    await byRole(page, 'textbox', 'Progress').fill(text);
+    await eventually(text, expected, async () => pending()?.progress);
+  }
+  await page.getByText('a number from 0 to 1 is wanted').waitFor();
+  await byRole(page, 'slider', 'Progress').fill('0.7');
+  await eventually('the slider', 0.7, async () => pending()?.progress);
+
+  // All symbols are there: the grid loads what is scrolled to.
+  await page.getByLabel('Symbol', { exact: true }).click();
+  await eventually('every symbol', names.length, async () => {
+    await page.locator('#symbols').evaluate((grid) => { grid.scrollTop = grid.scrollHeight; });
+    return page.locator('#symbols').getByRole('option').count();
+  });
+  await page.keyboard.press('Escape');
+  await press(page, 'Remove');
+  await eventually('it is gone', first.id, async () => stored()[0].id);
+}
+
 async function anotherProgramChangesIt(page) {
   const id = pending().id;
   home.orvel('set', id, 'title=From a script');
@@ -137,7 +163,7 @@ async function secondCallAndEnd(page) {
 const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 150000);
 try {
   const page = await open();
-  for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt,
+  for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt, fieldsTakeWhatAPersonWrites,
     secondWindow, keyboardAlone, placing, sharing, secondCallAndEnd]) {
     await part(page, driver).catch(async (error) => {
       for (const each of driver.context.pages()) console.error(await each.evaluate(() => document.body.innerText));
