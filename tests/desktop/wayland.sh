@@ -69,7 +69,7 @@ endsWhenAsked
 step "on the output it was meant for"
 start "$build/orvel" desktop --output HEADLESS-2
 says() { grep -q "$1" "$work/errors"; }
-eventually says "appears when it is there"
+eventually says "appears when it is connected"
 put list
 swaymsg -q create_output
 eventually isThere HEADLESS-2
