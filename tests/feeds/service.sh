@@ -5,8 +5,8 @@ set -eu
 
 build=$1
 work=$(mktemp -d)
-service=''
-trap 'kill $service 2> /dev/null || true; rm -rf "$work"' EXIT
+service='' screen=''
+trap 'kill $service $screen 2> /dev/null || true; rm -rf "$work"' EXIT
 fail() { echo "FAILED: $*" >&2; cat "$work/said" >&2 || true; exit 1; }
 
 home=$work/home
@@ -97,6 +97,18 @@ serve
 until_is 2 running
 kill -9 "$service"
 until_is 0 running
+
+# The cards' own command brings the service along, and takes it away.
+if command -v Xvfb > /dev/null; then
+    Xvfb -displayfd 3 -noreset -nolisten tcp 3> "$work/display" 2> /dev/null &
+    screen=$!
+    until_is '[0-9]*' cat "$work/display"
+    DISPLAY=:$(cat "$work/display") WAYLAND_DISPLAY='' LD_PRELOAD=libnss_wrapper.so "$build/orvel" desktop 2>> "$work/said" &
+    service=$!
+    until_is 2 running
+    kill -9 "$service"
+    until_is 0 running
+fi
 feed remove long
 feed remove count
 [ "$(orvel feed list --json | grep -c '"name"')" = 1 ] || fail "not removed"

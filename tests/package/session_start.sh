@@ -34,7 +34,7 @@ configuration=""
 has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }
 has "$entry" "Exec=sh \"$work/a b\\\\\$c%%d/libexec/orvel/start-card\""
 has "$entry" "TryExec=$work/a b\$c%d/bin/orvel"
-has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" desktop"
+has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" desktop --no-feeds"
 has "${unit%widget.service}feeds.service" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" feeds"
 script=$prefix/libexec/orvel/start-card
 program=$prefix/bin/orvel
@@ -61,8 +61,6 @@ on" ] || fail "$said"
 cat > "$program" <<'SH'
 #!/bin/sh
 echo "card $*" >> "$calls"
-# The session lasts until both have been started.
-[ "$* ${both:-}" != "desktop yes" ] || until grep -q feeds "$calls"; do sleep 0.1; done
 SH
 chmod +x "$work/bin/systemctl" "$program"
 export calls="$work/calls"
@@ -76,11 +74,6 @@ units="orvel-feeds.service orvel-widget.service"
 grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the unit isn't told of the display"
 [ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = "card desktop" ] || fail "no card where systemd doesn't know the unit"
 [ "$(started "$work/none" 0)" = "card desktop" ] || fail "no card without systemd"
-mkdir -p "$work/settings/orvel"
-touch "$work/settings/orvel/feeds.json"
-export both=yes
-XDG_CONFIG_HOME=$work/settings started "$PATH" 5 > "$work/both"
-[ "$(sort "$work/both" | paste -sd,)" = "card desktop,card feeds" ] || fail "no feeds without systemd: $(cat "$work/both")"
 
 mv "$program.moved" "$program"
 env NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0 \

@@ -67,9 +67,10 @@ std::shared_ptr<PlaceChoices> addPlaceOptions(CLI::App& command, const std::stri
 
 void addDesktop(CLI::App& app, Session& session) {
     CLI::App& command = *app.add_subcommand("desktop", "Keep your cards on the desktop until this command is ended");
-    runs(command, session,
-         addPlaceOptions(command, "Only this design: an id, or a position such as @2 (default: all that have a place)"),
-         desktop);
+    const auto choices =
+        addPlaceOptions(command, "Only this design: an id, or a position such as @2 (default: all that have a place)");
+    command.add_flag("--no-feeds", choices->withoutFeeds, "Don't run the feeds along");
+    runs(command, session, choices, desktop);
     addExample(command, "orvel desktop @2 --family medium --anchor left");
 }
 

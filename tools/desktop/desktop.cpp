@@ -10,6 +10,7 @@
 #include "platform/host/session_launch.h"
 #include "tools/core/input_output.h"
 #include "tools/desktop/reference.h"
+#include "tools/feeds/beside.h"
 
 namespace orvel::tools {
 namespace {
@@ -59,6 +60,7 @@ Outcome<Done> desktop(const PlaceChoices& choices, const Platform& platform, Con
         if (!only) return only.failure();
         shown.only = *std::move(only);
     }
+    if (choices.isEmpty() && !choices.withoutFeeds) serveFeedsBeside(platform);
     PlacedCards cards(std::move(shown), platform);
     const auto ended = showOnDesktop(cards, {.program = "orvel-widget", .untitled = "Orvel", .notice = notice});
     if (!ended) return Failure{ended.failure().reason};

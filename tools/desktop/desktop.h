@@ -20,6 +20,8 @@ struct PlaceChoices {
     std::optional<Layer> layer = {};
     std::optional<std::string> click = {};  ///< "none" lets clicks through
 
+    bool withoutFeeds = false;  ///< doesn't count as a choice of a place
+
     bool isEmpty() const;
     void applyTo(Place& place) const;
 };

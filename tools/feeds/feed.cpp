@@ -62,7 +62,7 @@ Outcome<Done> addFeed(const Feed& given, const Platform& platform, Console& cons
     };
     if (const auto changed = change(put, platform, console); !changed) return changed.failure();
     if (!findSole(FeedService::lockName))
-        say("nothing serves your feeds yet; orvel feeds does, and after orvel autostart on each session", console);
+        say("nothing serves your feeds yet; orvel desktop does, and so does orvel feeds, without cards", console);
     return Done{};
 }
 
