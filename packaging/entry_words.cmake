@@ -1,4 +1,4 @@
-# Paths as desktop entries write them (the Desktop Entry Specification).
+# Paths as desktop entries write them (freedesktop.org, Desktop Entry 1.5).
 
 # A value.
 function(orvel_entry_text variable path)
