@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include "platform/foundation/markup.h"
 
 namespace orvel {
 namespace {
@@ -46,20 +47,6 @@ void run(std::vector<std::string> arguments) {
     ::_exit(127);
 }
 
-// The notification's text may be read as markup.
-std::string escaped(const std::string& text) {
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '&': result += "&amp;"; break;
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            default: result += c;
-        }
-    }
-    return result;
-}
-
 }  // namespace
 
 void launchInSession(const std::vector<std::string>& arguments) {
@@ -73,7 +60,8 @@ void openInSession(const std::string& address) {
 }
 
 void notifyInSession(const std::string& summary, const std::string& text) {
-    run({"sh", "-c", notifyScript, "sh", summary, escaped(text)});
+    // Services may read the text as markup.
+    run({"sh", "-c", notifyScript, "sh", summary, escapedForMarkup(text)});
 }
 
 }  // namespace orvel

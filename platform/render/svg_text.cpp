@@ -4,6 +4,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "platform/foundation/markup.h"
 #include "platform/render/shaped_text.h"
 #include "platform/render/typeface.h"
 
@@ -20,19 +21,6 @@ std::string attribute(std::string_view name, const std::string& value) {
     return ' ' + std::string(name) + "=\"" + value + '"';
 }
 
-std::string escaped(std::string_view text) {
-    std::string result;
-    for (const char c : text) {
-        switch (c) {
-            case '&': result += "&amp;"; break;
-            case '<': result += "&lt;"; break;
-            case '>': result += "&gt;"; break;
-            default: result += c;
-        }
-    }
-    return result;
-}
-
 std::string element(const PangoLayoutLine& line, const TextMark& text, Point at, const std::string& turned) {
     PangoRectangle logical;
     pango_layout_line_get_extents(const_cast<PangoLayoutLine*>(&line), nullptr, &logical);
@@ -45,7 +33,7 @@ std::string element(const PangoLayoutLine& line, const TextMark& text, Point at,
     made += attribute("font-weight", std::to_string(static_cast<int>(text.font.weight)));
     made += attribute("textLength", number(width)) + attribute("lengthAdjust", "spacingAndGlyphs");
     if (rightToLeft) made += attribute("direction", "rtl");
-    return made + turned + '>' + escaped(textOf(line)) + "</text>\n";
+    return made + turned + '>' + escapedForMarkup(textOf(line)) + "</text>\n";
 }
 
 std::string elements(const Mark& mark, Point card) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/foundation/json_writer.h"
+#include "platform/foundation/markup.h"
 #include "platform/foundation/unicode.h"
 #include "platform/ui/gettext_localizer.h"
 #include "tools/card/follow.h"
@@ -13,19 +14,6 @@
 
 namespace orvel::tools {
 namespace {
-
-std::string escapedForMarkup(const std::string& text) {
-    std::string escaped;
-    for (const char c : text) {
-        switch (c) {
-            case '&': escaped += "&amp;"; break;
-            case '<': escaped += "&lt;"; break;
-            case '>': escaped += "&gt;"; break;
-            default: escaped += c;
-        }
-    }
-    return escaped;
-}
 
 void writeWords(json::Writer& writer, const WidgetSpec& spec, const Platform& platform) {
     const CardWords words = cardWords(spec, platform);
