@@ -59,7 +59,7 @@ TEST(CountdownMath, ReadsTheTargetInThreeStages) {
     EXPECT_EQ(remainingAt(Date{NAN}, "2025-12-31"), Pair("Now", ""));
 }
 
-TEST(CountdownMath, ReadsTheClockOnceAndBearsAnyReading) {
+TEST(CountdownMath, ReadsTheClockOnceAndAcceptsAnyReading) {
     test::FakeMachine machine;
     CountdownMath::remaining("2025-12-31", machine.platform);
     EXPECT_EQ(machine.clock.readings, 1);

@@ -20,7 +20,7 @@ bool isValid(const std::string& text) {
     return !read(text, [](Value&) { return true; });
 }
 
-TEST(JsonReader, JudgesTheWholeText) {
+TEST(JsonReader, ChecksTheWholeText) {
     const std::string byteOrderMark = "\xEF\xBB\xBF";
     for (const std::string& text : {std::string(" [1] \r\n\t"), byteOrderMark + "[1]", std::string("17")})
         EXPECT_TRUE(isValid(text)) << text;
@@ -38,7 +38,7 @@ TEST(JsonReader, JudgesTheWholeText) {
     for (const std::string& text : invalid) EXPECT_FALSE(isValid(text)) << text;
 }
 
-TEST(JsonReader, JudgesScalarsEvenWhereTheyAreIgnored) {
+TEST(JsonReader, ChecksScalarsThatNobodyReads) {
     // As the value of a member that nobody asks for.
     const auto isValidIgnored = [](const std::string& value) { return isValid("[{\"a\":[0,{\"b\":" + value + "}]}]"); };
     for (const std::string& value :
@@ -95,7 +95,7 @@ TEST(JsonReader, BoundsNesting) {
     EXPECT_FALSE(isValid(objects));
 }
 
-TEST(JsonReader, GivesValuesInOrderAndPassesOverWhatIsNotTaken) {
+TEST(JsonReader, GivesValuesInOrderAndSkipsWhatIsNotRead) {
     std::string seen;
     const auto failure =
         read(R"([{"a":"x\u0000\/","b":[1,{"c":2}],"a":30000000000000000000000},null,true,-0.5])", [&](Value& list) {

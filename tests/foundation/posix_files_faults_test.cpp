@@ -64,7 +64,7 @@ TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
 
 // A loss of power keeps what was synced, and of the rest anything. So the content is on the disk before its name is,
 // and the name before the caller hears of success; where a link leads elsewhere, it is that folder's.
-TEST_F(Faults, OfPowerLeaveTheOldFileOrTheNewOne) {
+TEST_F(Faults, ALossOfPowerLeavesTheOldFileOrTheNewOne) {
     fs::create_directory(folder / "elsewhere");
     fs::create_symlink("elsewhere/file", folder / "link");
     longestWrite = 60'000;
@@ -79,7 +79,7 @@ TEST_F(Faults, OfPowerLeaveTheOldFileOrTheNewOne) {
                                                      "sync " + (folder / "elsewhere").string()}));
 }
 
-TEST_F(Faults, OfReadingAndLockingAreTold) {
+TEST_F(Faults, AreReportedByReadingAndLocking) {
     std::ofstream(folder / "file") << oldContent;
     const auto descriptors = openDescriptors();
     for (const int code : {EIO, EINTR}) {

@@ -73,7 +73,7 @@ TEST_F(OneHostedCard, ShowsTheEntryThatIsDueAndAsksAgainWhenTheTimelineSays) {
     }
 }
 
-TEST_F(OneHostedCard, RestsWithAProviderThatWantsToBeAskedAtOnce) {
+TEST_F(OneHostedCard, SleepsWithAProviderThatAsksForImmediateReloads) {
     reload = -10;
     HostedCard card = this->card();
     EXPECT_EQ(shown(card), "placeholder") << "no entry yet";

@@ -99,7 +99,7 @@ TEST(Symbols, TablesNameWhatTheFontsHave) {
             EXPECT_EQ(table.find(name), value) << name << " is out of order";
 }
 
-TEST(Symbols, LogosOfCompaniesAreNone) {
+TEST(Symbols, LogosOfCompaniesAreNotAmongThem) {
     const Symbols symbols;
     const auto isLogo = [](std::string_view text) {
         return text.find("logo") != text.npos || text.find("lego") != text.npos;
@@ -114,7 +114,7 @@ TEST(Symbols, LogosOfCompaniesAreNone) {
 }
 
 // The file says which pictures are only near, and docs/symbols.md how many.
-TEST(Symbols, AreCountedAsTheyAre) {
+TEST(Symbols, AreAsManyAsTheirDocumentSays) {
     const auto names = Symbols().names();
     const NameTable nearTable = nearNames();
     const auto isNear = [&](std::string name) {
@@ -130,7 +130,7 @@ TEST(Symbols, AreCountedAsTheyAre) {
     EXPECT_NE(textOf(ORVEL_SYMBOLS_DOCUMENT).find(expected), std::string::npos) << expected;
 }
 
-TEST(Symbols, AFilledOneIsAnother) {
+TEST(Symbols, FilledOnesDiffer) {
     const Symbols symbols;
     // From either font, spelled otherwise, and enclosed.
     for (const std::string name : {"heart", "leaf", "tree", "message", "dollarsign.circle", "fish.circle"})

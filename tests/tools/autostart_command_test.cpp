@@ -15,7 +15,7 @@ protected:
     const std::string link = "/home/ada/.config/systemd/user/graphical-session.target.wants/orvel-widget.service";
 };
 
-TEST_F(AutostartCommand, SetsItForThePersonAndSaysWhich) {
+TEST_F(AutostartCommand, TurnsItOnAndOffAndPrintsTheCurrentState) {
     install();
     EXPECT_EQ(run({"autostart"}).out, "off\n");
     EXPECT_EQ(run({"autostart", "on"}).code, done);

@@ -17,7 +17,7 @@ const std::vector<std::vector<const char*>> changes{{"add", "--kind=note", "--ti
                                                     {"remove", "C", "A"},
                                                     {"pending", "accept"}};
 
-TEST_F(StoreCommand, ChangesUnderALockThatIsToldOf) {
+TEST_F(StoreCommand, ChangesUnderALockAndSaysWhoHoldsIt) {
     store({"A"});
     run({"front", "A"});
     run({"set", "A", "title=x"});
@@ -34,7 +34,7 @@ TEST_F(StoreCommand, ChangesUnderALockThatIsToldOf) {
     EXPECT_EQ(ids(), "A ");
 }
 
-TEST_F(StoreCommand, ChangesNothingWhenTheListCantBeReadOrIsNone) {
+TEST_F(StoreCommand, ChangesNothingWhenTheListCantBeReadOrIsInvalid) {
     bool isPast = false;
     const auto expectRefused = [&](const std::string& why) {
         const auto before = machine.files.contents;
@@ -229,7 +229,7 @@ TEST_F(StoreCommand, TakesBackNothingOfOthers) {
     EXPECT_EQ(ids() + WidgetStore::pending(machine.platform)->id, "A Q");
 }
 
-TEST_F(StoreCommand, KeepsABoundedHistoryThatIsNoCondition) {
+TEST_F(StoreCommand, KeepsABoundedHistoryAndWorksWithoutOne) {
     store({"A", "B"});
     for (int i = 0; i < 60; ++i) {
         run({"front", "A"});

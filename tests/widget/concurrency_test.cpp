@@ -15,7 +15,7 @@ namespace {
 
 class Threads : public InFolder {};
 
-TEST_F(Threads, LoadSaveAndAskAtOnce) {
+TEST_F(Threads, LoadSaveAndRequestConcurrently) {
     test::FakeAccounts accounts;
     accounts.account = Account{folder.string()};
     const FixedClock clock(Date{0});
