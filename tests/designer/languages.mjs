@@ -1,7 +1,8 @@
-// Every language of the page has each of its texts, with the same placeholders and all of its own plural forms.
+// Every language of the page has each of its texts, with the same placeholders and all of its own plural forms; and what
+// the page's elements ask for is among the texts.
 // Usage: languages.mjs
 import assert from 'node:assert/strict';
-import { readdirSync } from 'node:fs';
+import { readFileSync, readdirSync } from 'node:fs';
 
 const folder = new URL('../../designer/page/languages/', import.meta.url);
 const load = async (file) => (await import(new URL(file, folder))).default;
@@ -27,4 +28,7 @@ for (const file of readdirSync(folder)) {
       assert.deepEqual(Object.keys(entry).sort(), new Intl.PluralRules(language).resolvedOptions().pluralCategories.sort(), where);
   }
 }
+const page = readFileSync(new URL('../index.html', folder), 'utf8');
+for (const [, key] of page.matchAll(/ data-(?:text|label|hint)="([^"]*)"/g))
+  assert.ok(key in english, `index.html asks for "${key}", which languages/en.js lacks`);
 console.log('every language has every text');
