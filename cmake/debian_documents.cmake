@@ -30,7 +30,7 @@ string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 file(WRITE ${documents}/changelog
   "orvel (${CPACK_PACKAGE_VERSION}) stable; urgency=low\n${changes}\n\n -- ${CPACK_PACKAGE_CONTACT}  ${date}\n")
 
-file(GLOB_RECURSE pages ${CPACK_TEMPORARY_DIRECTORY}/*/man/*.[15])
+file(GLOB_RECURSE pages ${CPACK_TEMPORARY_DIRECTORY}/*.1 ${CPACK_TEMPORARY_DIRECTORY}/*.5)
 file(CHMOD ${documents}/copyright ${documents}/changelog PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 execute_process(COMMAND ${GZIP} -9n ${documents}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
 
