@@ -18,66 +18,102 @@ namespace {
 
 using Text = std::optional<std::string>;
 
-std::string inQuotes(std::string_view text) {
+// A warning but for its field.
+struct Said {
+    std::string name;
+    std::string text;
+    std::vector<std::string> values = {};
+};
+using Fault = std::optional<Said>;
+
+std::string inShort(std::string_view text) {
     constexpr std::size_t longest = 60;
     const auto shown = unicode::prefix(text, longest);
-    return '"' + unicode::onOneLine(shown) + (shown.size() < text.size() ? "…\"" : "\"");
+    return unicode::onOneLine(shown) + (shown.size() < text.size() ? "…" : "");
+}
+
+std::string inShort(double number) {
+    std::ostringstream text;
+    text << number;
+    return text.str();
+}
+
+std::string inQuotes(std::string_view text) {
+    return '"' + inShort(text) + '"';
 }
 
 bool isBlank(const std::string& text) {
     return unicode::trimmingWhitespace(unicode::onOneLine(text)).empty();
 }
 
-Text aboutAccent(const std::string& accent) {
+Fault aboutTitle(const std::string& title) {
+    if (!isBlank(title)) return std::nullopt;
+    return Said{"titleEmpty", "the title is empty"};
+}
+
+Fault aboutAccent(const std::string& accent) {
     const auto color = HexColor::hexString(accent);
-    if (!color) return "accent " + inQuotes(accent) + " is no colour; the standard accent is used" + nearColor(accent);
+    if (!color)
+        return Said{"accentUnknown",
+                    "accent " + inQuotes(accent) + " is no colour; the standard accent is used" + nearColor(accent),
+                    {inShort(accent)}};
     const double ratio = contrast(*color, cardBackground);
     if (ratio >= leastContrast) return std::nullopt;
+    const std::string better = hexText(lightened(*color, cardBackground)).substr(0, 7);
     std::ostringstream line;
     line.precision(1);
     line << "accent " << inQuotes(accent) << " is hard to see on the card: its contrast is " << std::fixed << ratio
-         << " : 1, and 3 : 1 is wanted; " << hexText(lightened(*color, cardBackground)).substr(0, 7) << " has that";
-    return line.str();
+         << " : 1, and 3 : 1 is wanted; " << better << " has that";
+    return Said{"accentFaint", line.str(), {better}};
 }
 
-Text aboutTarget(const Text& target) {
-    if (!target) return "a countdown without a target shows \"—\"";
+Fault aboutTarget(const Text& target) {
+    if (!target) return Said{"targetMissing", "a countdown without a target shows \"—\""};
     if (iso8601::dateTime(*target) || iso8601::fullDate(*target)) return std::nullopt;
     if (iso8601::fullDate(unicode::prefix(*target, 10)))
-        return "target " + inQuotes(*target) + " counts to local midnight; its time of day is dropped";
-    return "target " + inQuotes(*target) + " is no date; the card shows \"—\"";
+        return Said{"targetDay",
+                    "target " + inQuotes(*target) + " counts to local midnight; its time of day is dropped",
+                    {inShort(*target)}};
+    return Said{
+        "targetUnknown", "target " + inQuotes(*target) + " is no date; the card shows \"—\"", {inShort(*target)}};
 }
 
-Text aboutSymbol(const std::string& symbol, const Symbols& symbols) {
+Fault aboutSymbol(const std::string& symbol, const Symbols& symbols) {
     if (symbols.contains(symbol)) return std::nullopt;
-    const auto nearest = symbols.nearest(symbol);
-    return "symbol " + inQuotes(symbol) + " can't be drawn" + (nearest ? "; the nearest is \"" + *nearest + '"' : "");
+    const std::string cantBeDrawn = "symbol " + inQuotes(symbol) + " can't be drawn";
+    if (const auto nearest = symbols.nearest(symbol))
+        return Said{"symbolNear", cantBeDrawn + "; the nearest is \"" + *nearest + '"', {inShort(symbol), *nearest}};
+    return Said{"symbolUnknown", cantBeDrawn, {inShort(symbol)}};
 }
 
-Text aboutProgress(const std::optional<double>& progress) {
-    if (!progress) return "a progress card without progress shows 0 %";
+Fault aboutProgress(const std::optional<double>& progress) {
+    if (!progress) return Said{"progressMissing", "a progress card without progress shows 0 %"};
     if (*progress >= 0 && *progress <= 1) return std::nullopt;
-    return "progress " + inShort(*progress) + " is not from 0 to 1" + perCentMeant(*progress);
+    return Said{"progressOutside",
+                "progress " + inShort(*progress) + " is not from 0 to 1" + perCentMeant(*progress),
+                {inShort(*progress)}};
 }
 
-Text aboutItems(const std::optional<std::vector<std::string>>& items) {
+Fault aboutItems(const std::optional<std::vector<std::string>>& items) {
     constexpr std::size_t most = widget_limits::mostItems;
-    if (!items || items->empty()) return "a list without items shows its title alone";
+    if (!items || items->empty()) return Said{"itemsMissing", "a list without items shows its title alone"};
     if (items->size() <= most) return std::nullopt;
-    return std::to_string(items->size()) + " items, of which " + std::to_string(most) + " are shown";
+    const std::string count = std::to_string(items->size());
+    return Said{
+        "itemsMany", count + " items, of which " + std::to_string(most) + " are shown", {count, std::to_string(most)}};
 }
 
-Text aboutPrimary(const Text& primary) {
-    if (!primary) return "without a primary text the card shows \"—\"";
-    if (isBlank(*primary)) return "the primary text is empty, and so is its place on the card";
+Fault aboutPrimary(const Text& primary) {
+    if (!primary) return Said{"primaryMissing", "without a primary text the card shows \"—\""};
+    if (isBlank(*primary)) return Said{"primaryEmpty", "the primary text is empty, and so is its place on the card"};
     return std::nullopt;
 }
 
 // What to say of a field that the design's kind shows.
-Text aboutShown(WidgetField field, const WidgetSpec& spec, const Symbols& symbols) {
+Fault aboutShown(WidgetField field, const WidgetSpec& spec, const Symbols& symbols) {
     using enum WidgetField;
     switch (field) {
-        case title: return isBlank(spec.title) ? Text("the title is empty") : std::nullopt;
+        case title: return aboutTitle(spec.title);
         case accentHex: return aboutAccent(spec.accentHex);
         case symbol: return aboutSymbol(spec.symbol, symbols);
         case primary: return aboutPrimary(spec.primary);
@@ -111,8 +147,9 @@ std::vector<Warning> warnings(const WidgetSpec& spec, const Symbols& symbols) {
     std::vector<Warning> found;
     forEachWidgetField([&](const auto& row) {
         if (shows(spec.kind, row.field)) {
-            if (auto text = aboutShown(row.field, spec, symbols))
-                found.push_back({std::string(row.name), *std::move(text)});
+            if (auto said = aboutShown(row.field, spec, symbols))
+                found.push_back(
+                    {std::string(row.name), std::move(said->text), std::move(said->name), std::move(said->values)});
         } else if (isGiven(row, spec)) {
             const std::string said(typedName(row.field));
             found.push_back(

@@ -138,7 +138,7 @@ HttpResponse Service::paste(const HttpRequest& request, const Body& body) {
     const auto taken = workbench_.take(design->spec, body.discards ? Unsaved::discard : Unsaved::refuse);
     if (!taken) return refusal(409, taken.failure().reason, taken.failure().field);
     std::vector<FieldRefusal> losses;
-    for (const auto& [field, text] : design->losses) losses.push_back({field, text});
+    for (const Warning& loss : design->losses) losses.push_back({loss.field, loss.text});
     noticeAll();
     hooks_.keepSoon();
     return state(request, losses);

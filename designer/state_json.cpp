@@ -66,8 +66,12 @@ void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPict
     writer.endArray();
     writeAccent(writer, draft);
     writer.key("warnings").beginArray();
-    for (const auto& [field, text] : warnings(draft, symbols))
-        writer.beginObject().key("field").string(field).key("text").string(text).endObject();
+    for (const auto& [field, text, name, values] : warnings(draft, symbols)) {
+        writer.beginObject().key("field").string(field).key("text").string(text).key("name").string(name);
+        writer.key("values").beginArray();
+        for (const std::string& value : values) writer.string(value);
+        writer.endArray().endObject();
+    }
     writer.endArray();
     writer.key("words").string(pictures.words(draft)).endObject();
 }

@@ -2,7 +2,7 @@
 import { setUpSymbols } from './symbols.js';
 import { setUpTarget, showCountdown, showTarget } from './target.js';
 import { button } from './talk.js';
-import { listed, number, t } from './words.js';
+import { listed, number, said, t } from './words.js';
 
 const mostRows = 5;
 const by = (id) => document.getElementById(id);
@@ -11,6 +11,7 @@ const texts = {
   targetISO8601: by('target'), symbol: by('symbol'), accentHex: by('accent'),
 };
 const names = { primary: 'mainText', secondary: 'secondLine', items: 'items', progress: 'progress', targetISO8601: 'target' };
+const refusedAs = { progress: 'refusedProgress', targetISO8601: 'refusedTarget' };
 const standardAccent = '#3D2A9A';
 const easyToSee = 3;  // WCAG 2.2, success criterion 1.4.11
 const swatches = [
@@ -35,8 +36,7 @@ function makeNotes() {
     element.className = 'warning';
     element.id = `${field}-note`;
     element.setAttribute('role', 'status');
-    element.lang = 'en';  // as orvel check says it
-    element.dir = 'ltr';
+    element.dir = 'auto';
     block.append(element);
     notes.set(field, element);
     texts[field]?.setAttribute('aria-describedby', element.id);
@@ -168,9 +168,10 @@ function showKept({ record, shows }) {
 function showNotes(warnings) {
   const general = [];
   for (const element of notes.values()) element.textContent = '';
-  for (const { field, text } of warnings) {
-    if (note(field) && !refused.has(field)) note(field).textContent = text;
-    else if (!note(field)) general.push(text);
+  for (const warning of warnings) {
+    const { field } = warning;
+    if (note(field) && !refused.has(field)) note(field).textContent = said(warning);
+    else if (!note(field)) general.push(said(warning));
   }
   for (const [field, text] of refused) {
     if (note(field)) note(field).textContent = text;
@@ -191,7 +192,7 @@ export function showDraft(draft, answered, refusals) {
     refused.clear();
   }
   for (const field of answered ?? []) refused.delete(field);
-  for (const { field, text } of refusals) refused.set(field, text);
+  for (const { field, text } of refusals) refused.set(field, said({ text, name: refusedAs[field] }));
   for (const block of blocks) block.hidden = !draft.shows.includes(block.dataset.field);
   showFields(draft.record);
   if (draft.record.kind === 'countdown') showCountdown(draft.record.targetISO8601 ?? '').catch(() => {});

@@ -24,6 +24,11 @@ export function t(key, values = {}) {
   return text.replace(/\{(\w+)\}/g, (whole, name) => (name in values ? shown(values[name]) : whole));
 }
 
+// What the server says in English, in the reader's language, where that has words for it.
+export function said({ text, name, values = [] }) {
+  return language === 'en' || !(name in words) ? text : t(name, values);
+}
+
 const known = (tag) => [tag, tag.split('-')[0]].find((code) => codes.includes(code));
 
 function chosen() {

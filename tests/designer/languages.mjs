@@ -7,7 +7,12 @@ import { readFileSync, readdirSync } from 'node:fs';
 const folder = new URL('../../designer/page/languages/', import.meta.url);
 const load = async (file) => (await import(new URL(file, folder))).default;
 const placeholders = (text) => [...text.matchAll(/\{(\w+)\}/g)].map(([, name]) => name).sort().join();
+// The warnings that the command gives, by name.
+const warnings = [...readFileSync(new URL('../../authoring/warnings.cpp', import.meta.url), 'utf8').matchAll(/Said\{\s*"(\w+)"/g)];
 const english = await load('en.js');
+
+assert.ok(warnings.length > 5);
+for (const [, name] of warnings) assert.ok(name in english, `en.js lacks the warning ${name}`);
 
 for (const file of readdirSync(folder)) {
   const language = file.replace('.js', '');

@@ -77,6 +77,18 @@ async function speaks(language) {
   await page.goto(designer.address);
   await byRole(page, 'button', words.save).waitFor();
   assert.deepEqual(await page.evaluate(() => [document.documentElement.lang, document.documentElement.dir]), [language, words.direction]);
+  // So do the warnings.
+  if (language !== 'en') {
+    const first = (text) => text.split(/\{\d\}/)[0].trim();
+    await page.locator('#new').click();
+    await page.getByText(words.titleEmpty).and(page.locator(':visible')).waitFor();
+    await page.locator('#symbol').fill('hous');
+    await page.locator('[data-field=symbol]').getByText(first(words.symbolNear)).waitFor();
+    await page.locator('input[value=countdown]').check();
+    await page.locator('#target').fill('soon');
+    await page.getByText(words.refusedTarget).waitFor();
+    home.orvel('pending', 'clear');
+  }
   // Another one, by its own name, stays chosen.
   await page.getByLabel(words.language, { exact: true }).selectOption({ label: language === 'ja' ? 'Deutsch' : '日本語' });
   const other = (await import(new URL(language === 'ja' ? 'de.js' : 'ja.js', languages))).default;
