@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <csignal>
+
 #include "platform/foundation/markup.h"
 
 namespace orvel {
