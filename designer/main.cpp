@@ -6,6 +6,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstdlib>
+#include <exception>
 #include <iostream>
 #include <optional>
 #include <string_view>
@@ -145,8 +146,14 @@ int main(int argc, char** argv) {
         std::cerr << "orvel-designer: usage: orvel-designer [--no-browser] [--port N] [ID]\n";
         return 2;
     }
-    const auto done = orvel::designer::run(*choices, orvel::Platform::system());
-    if (done) return 0;
-    std::cerr << "orvel: " << done.failure().reason << '\n';
+    std::string reason;
+    try {
+        const auto done = orvel::designer::run(*choices, orvel::Platform::system());
+        if (done) return 0;
+        reason = done.failure().reason;
+    } catch (const std::exception& error) {  // no descriptors or no memory left while it starts
+        reason = error.what();
+    }
+    std::cerr << "orvel: " << reason << '\n';
     return 1;
 }
