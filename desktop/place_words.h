@@ -1,4 +1,4 @@
-// The words for places, in the places file and on the command line alike: each table has the word and what it means.
+// The words for places, in the places file and on the command line: each table has the words and their meanings.
 #pragma once
 
 #include <array>

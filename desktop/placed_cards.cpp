@@ -48,7 +48,7 @@ std::vector<std::filesystem::path> PlacedCards::dependencies() const {
     return paths;
 }
 
-// Places that can't be read now stay as they were.
+// Places that can't be read stay as they were.
 void PlacedCards::readPlaces() {
     if (choices_.only) {
         places_ = {*choices_.only};
@@ -59,7 +59,7 @@ void PlacedCards::readPlaces() {
     if (places) places_ = *std::move(places);
 }
 
-// So do the designs of placed cards; the one card that nobody placed is the widget's, which then shows no design.
+// So do the designs of placed cards. The single card without a place shows no design then, as the widget does.
 void PlacedCards::readStore() {
     auto specs = StoreFiles::readList(platform_);
     const bool isMissing = !specs && specs.failure().isMissing();
@@ -73,7 +73,7 @@ void PlacedCards::readStore() {
 void PlacedCards::build() {
     cards_.clear();
     const Date now = platform_.clock.now();
-    // A card that invites to make a design leads to where that is done.
+    // A click on the card that invites to make a design opens the designer.
     const Place inviting{.click = "design"};
     const auto add = [&](const Place& place, const WidgetSpec* design) {
         const WidgetEntry entry{now, design ? std::optional(*design) : std::nullopt};

@@ -16,9 +16,10 @@ namespace orvel {
 class PlacedCards final : public CardSource {
 public:
     struct Choices {
-        /// Only this place, whatever the places file says. Absent: the places, or with none the first design's card.
+        /// Shows only this place and ignores the places file. Absent: all places, or the first design if there are
+        /// none.
         std::optional<Place> only = {};
-        /// Told once why the store or the places can't be read, in one line. A new reason is told anew.
+        /// Called with one line when the store or the places can't be read; once for each reason.
         std::function<void(const std::string&)> trouble = {};
     };
 
@@ -46,7 +47,7 @@ private:
     std::string toldOfStore_;
 };
 
-/// What a click on that place's card does; empty when it goes through.
+/// What a click on that place's card does; empty when clicks go to the window below.
 std::function<void()> clickAction(const Place& place, const WidgetSpec* design);
 
 }  // namespace orvel

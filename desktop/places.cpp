@@ -9,7 +9,7 @@ namespace {
 
 struct Unread {
     Failure failure;
-    bool isOnlyUnread;  ///< whatever it holds may be fine
+    bool isOnlyUnread;  ///< the file couldn't be read, so its content may be valid
 };
 
 Result<std::vector<Place>, Unread> read(const Platform& platform) {

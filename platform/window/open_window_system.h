@@ -1,4 +1,4 @@
-// The window system that this session has, whichever it is.
+// Opens the session's window system, Wayland or X11.
 #pragma once
 
 #include <memory>
@@ -9,11 +9,11 @@
 
 namespace orvel {
 
-/// On Wayland surfaces are layer surfaces; without layer shell, windows of the X server beside it, or plain windows. On
-/// X11 they are windows under the others.
+/// On Wayland, surfaces are layer surfaces; without layer shell, they are windows of its X server, or else plain
+/// windows. On X11, they are windows below the others.
 Result<std::unique_ptr<WindowSystem>, NoDisplay> openWindowSystem(EventLoop& loop);
 
-/// What answers in this session.
+/// Which window systems this session has.
 struct WindowSystems {
     bool wayland = false;
     bool layerShell = false;  ///< of the Wayland compositor

@@ -1,4 +1,4 @@
-// desktop, outputs, autostart: their words and options.
+// desktop, place, unplace, outputs, autostart: their words and options.
 #pragma once
 
 #include "tools/core/session.h"

@@ -10,9 +10,9 @@
 
 namespace orvel::tools {
 
-/// What a person says of a place; what isn't said stays, or is as usual.
+/// What a person chooses about a place; the rest stays as it is, or has its default.
 struct PlaceChoices {
-    std::string reference = {};  ///< a design's; empty: none was given
+    std::string reference = {};  ///< names a design; empty when none was named
     std::optional<WidgetFamily> family = {};
     std::optional<Anchor> anchor = {};
     std::optional<Margin> margin = {};
@@ -26,9 +26,8 @@ struct PlaceChoices {
     void applyTo(Place& place) const;
 };
 
-/// Shows the placed cards, unless another process shows them on this desktop; or with a design or any choice that card
-/// alone. Runs until the process is asked to end, or
-/// the window system goes away, which is a failure.
+/// Shows the placed cards, unless another process shows them on this desktop; with a design or any choice, shows that
+/// card alone. Runs until the process is asked to end, or until the window system goes away, which is a failure.
 Outcome<Done> desktop(const PlaceChoices& choices, const Platform& platform, Console& console);
 
 enum class OutputsForm { names, json };

@@ -1,4 +1,4 @@
-// Putting designs on the desktop, and taking them off.
+// Puts designs on the desktop, and takes them off.
 #pragma once
 
 #include <string>
@@ -12,10 +12,10 @@ Outcome<Done> place(const PlaceChoices& choices, const Platform& platform, Conso
 
 enum class PlacesForm { table, json };
 
-/// Prints the places in their order, and the monitors that are there or are missing.
+/// Prints the places in their order, the connected monitors, and those that are missing.
 Outcome<Done> listPlaces(PlacesForm form, const Platform& platform, Console& console);
 
-/// A design's reference, or the place's number in the list.
+/// Takes a design's reference, or the number of the place in the list.
 Outcome<Done> unplace(const std::string& reference, const Platform& platform, Console& console);
 
 }  // namespace orvel::tools

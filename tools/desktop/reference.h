@@ -1,4 +1,4 @@
-// Which design a person means on the desktop.
+// Finds the design for a place that a person names.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace orvel::tools {
 
-/// A position such as "@1" stays one, whatever is there; an id, or the beginning of one, is the id of a stored design.
+/// A position such as "@1" stays a position; an id, or the beginning of one, becomes the id of a stored design.
 Outcome<PlacedDesign> placedDesign(const std::string& reference, const Platform& platform);
 
 }  // namespace orvel::tools

@@ -1,6 +1,6 @@
-// One card-sized surface of the desktop: without decoration, focus or task-bar entry, and without answer to clicks
-// unless somebody wants them. It asks for its pixels when it needs them, at the output's scale, and survives whatever
-// happens to outputs.
+// A surface of the desktop, as large as a card: without decoration, focus or task-bar entry; clicks pass through it
+// unless a handler is set. It asks for its pixels when it needs them, at the output's scale, and survives changes of
+// the outputs.
 #pragma once
 
 #include <functional>
@@ -21,7 +21,7 @@ struct SurfaceRequest {
 
     /// Fills the whole buffer, which is transparent at first. False: it could not be drawn, and what is shown stays.
     std::function<bool(const PixelBuffer&)> draw;
-    /// A click with the first button; absent: clicks go to what lies below.
+    /// Called for a click with the first button; absent: clicks go to the window below.
     std::function<void()> clicked = {};
 };
 
@@ -29,7 +29,7 @@ class DesktopSurface {
 public:
     virtual ~DesktopSurface() = default;
 
-    /// The content is another one now. It is drawn when the window system is ready for it.
+    /// To be called when the content has changed. It is drawn when the window system is ready for it.
     virtual void contentChanged(const std::string& title) = 0;
 
     /// Moves it on the same output and layer.

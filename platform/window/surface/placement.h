@@ -40,10 +40,10 @@ struct PixelRect {
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
-/// A box of that size (its origin counts for nothing) inside the area, with the margin to the anchored edges.
+/// A box of that size (its origin is ignored) inside the area, with the margin to the anchored edges.
 PixelRect placed(PixelRect box, const PixelRect& area, Anchor anchor, int marginXPx, int marginYPx);
 
-/// What both have; of no size when that is nothing.
+/// The intersection; empty when there is none.
 PixelRect intersection(const PixelRect& a, const PixelRect& b);
 
 }  // namespace orvel

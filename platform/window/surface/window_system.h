@@ -1,4 +1,4 @@
-// The session's window system: its monitors, and one connection for all surfaces that this process has on them.
+// The session's window system: its monitors, and one connection for all of this process's surfaces.
 #pragma once
 
 #include <functional>
@@ -29,22 +29,22 @@ public:
     virtual ~WindowSystem() = default;
 
     struct Handlers {
-        std::function<void()> outputsChanged;  ///< what `outputs` says is no longer true
+        std::function<void()> outputsChanged;  ///< the result of `outputs` has changed
         /// One sentence for a person, such as why surfaces are plain windows.
         std::function<void(const std::string&)> notice;
-        /// It has gone away, with one line that says so; absent when a person closed a surface's window.
+        /// The window system has gone away, with one line that says so; absent when a person closed a surface's window.
         std::function<void(std::optional<std::string> why)> ended;
     };
 
-    /// From here on the loop that it was opened with handles its events.
+    /// From now on, the loop with which it was opened handles its events.
     virtual void serve(Handlers handlers) = 0;
 
     virtual std::vector<Output> outputs() const = 0;
 
-    /// Has `outputs` tell their room, if it doesn't anyway: soon, by `outputsChanged`.
+    /// Finds out how much of each output is usable, if that isn't known yet; `outputsChanged` is called soon after.
     virtual void findRooms() {}
 
-    /// It must go before the window system does.
+    /// It must be destroyed before the window system.
     virtual std::unique_ptr<DesktopSurface> open(SurfaceRequest request) = 0;
 };
 

@@ -10,7 +10,7 @@ namespace orvel {
 namespace {
 
 constexpr wl_buffer_listener listener{.release = [](void* data, wl_buffer*) {
-    // Called out of a copy: the call may well destroy the buffer.
+    // A copy, because the call may destroy the buffer.
     if (const auto released = static_cast<WaylandBuffer*>(data)->released) released();
 }};
 
@@ -23,7 +23,7 @@ std::unique_ptr<WaylandBuffer> WaylandBuffer::make(wl_shm* sharedMemory, int wid
 
     const Descriptor memory(::memfd_create("card", MFD_CLOEXEC | MFD_ALLOW_SEALING));
     if (!memory || ::ftruncate(memory.get(), static_cast<off_t>(bytes)) < 0) return nullptr;
-    ::fcntl(memory.get(), F_ADD_SEALS, F_SEAL_SHRINK);  // the compositor needn't fear for what it reads
+    ::fcntl(memory.get(), F_ADD_SEALS, F_SEAL_SHRINK);  // so that the compositor can read it safely
     void* const mapped = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_SHARED, memory.get(), 0);
     if (mapped == MAP_FAILED) return nullptr;
     self->memory_ = {static_cast<unsigned char*>(mapped), Unmap{bytes}};

@@ -92,13 +92,13 @@ struct WaylandDisplay::Events {
 
 std::unique_ptr<WaylandDisplay> WaylandDisplay::connect() {
     auto self = std::unique_ptr<WaylandDisplay>(new WaylandDisplay());
-    // The library would print lines of its own beside the one that the host says.
+    // Otherwise the library would print lines of its own, in addition to the host's message.
     wl_log_set_handler_client([](const char*, va_list) {});
     self->display_.reset(wl_display_connect(nullptr));
     if (!self->display_) return nullptr;
     self->registry_.reset(wl_display_get_registry(self->display_.get()));
     wl_registry_add_listener(self->registry_.get(), &Events::registryListener, self.get());
-    // Once for what there is, once for what the outputs say of themselves.
+    // The first round trip lists the interfaces, the second one the outputs' properties.
     for (int round = 0; round < 2; ++round)
         if (wl_display_roundtrip(self->display_.get()) < 0) return nullptr;
     if (!self->compositor || !self->sharedMemory) return nullptr;

@@ -27,7 +27,7 @@ struct WaylandOutput {
 };
 
 class WaylandDisplay {
-    // What is made later goes first.
+    // Destroyed in reverse order.
     WaylandPtr<wl_display> display_;
     WaylandPtr<wl_registry> registry_;
 
@@ -35,15 +35,15 @@ public:
     /// Null when no compositor answers. The outputs' properties are known by then.
     static std::unique_ptr<WaylandDisplay> connect();
 
-    /// From here on the loop handles events. `outputsChanged`: one came, went or has another scale. `lost`: the
-    /// connection has ended, for the reason given.
+    /// From now on, the loop handles events. `outputsChanged`: an output was added or removed, or has another scale.
+    /// `lost`: the connection has ended, for the given reason.
     void serve(EventLoop& loop, std::function<void()> outputsChanged, std::function<void(std::string)> lost);
 
     const std::list<WaylandOutput>& outputs() const { return outputs_; }
     const WaylandOutput* outputNamed(const std::string& name) const;
     const WaylandOutput* outputWithId(std::uint32_t id) const;
 
-    // Null where the compositor doesn't offer them; the first two always are there.
+    // Null where the compositor doesn't offer them; the first two always exist.
     WaylandPtr<wl_compositor> compositor;
     WaylandPtr<wl_shm> sharedMemory;
     WaylandPtr<zwlr_layer_shell_v1> layerShell;

@@ -19,7 +19,7 @@ struct OutputRoom::Events {
 
     static constexpr zwlr_layer_surface_v1_listener listener{
         .configure = configured,
-        .closed = [](void*, zwlr_layer_surface_v1*) {},  // with its output, which is told elsewhere
+        .closed = [](void*, zwlr_layer_surface_v1*) {},  // with its output, whose removal is handled elsewhere
     };
 };
 
@@ -32,7 +32,7 @@ OutputRoom::OutputRoom(const WaylandDisplay& display, const WaylandOutput& outpu
     layer_.reset(zwlr_layer_shell_v1_get_layer_surface(display.layerShell.get(), surface_.get(), output.handle(),
                                                        ZWLR_LAYER_SHELL_V1_LAYER_BACKGROUND, "room"));
     zwlr_layer_surface_v1_add_listener(layer_.get(), &Events::listener, this);
-    zwlr_layer_surface_v1_set_size(layer_.get(), 0, 0);  // what the anchors leave
+    zwlr_layer_surface_v1_set_size(layer_.get(), 0, 0);  // all that the anchors leave
     zwlr_layer_surface_v1_set_anchor(layer_.get(), everyEdge);
     zwlr_layer_surface_v1_set_exclusive_zone(layer_.get(), 0);  // clear of panels
     wl_surface_commit(surface_.get());

@@ -1,5 +1,5 @@
-// How much of an output panels leave free: an empty surface, never shown, that asks for all of it.
-// Private to this folder.
+// Finds out how much of an output the panels leave free, with an empty surface that is never shown and asks for all of
+// it. Private to this folder.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@ namespace orvel {
 
 class OutputRoom {
 public:
-    /// `changed` is called whenever the compositor tells another size.
+    /// `changed` is called whenever the compositor reports another size.
     OutputRoom(const WaylandDisplay& display, const WaylandOutput& output, std::function<void()> changed);
     OutputRoom(const OutputRoom&) = delete;
 

@@ -88,7 +88,7 @@ void WaylandRelease::operator()(zwlr_layer_surface_v1* object) const {
     zwlr_layer_surface_v1_destroy(object);
 }
 
-// The first versions of these two have no request for it: then only this side forgets the object.
+// The first versions of these two interfaces have no such request; then only the client's side is destroyed.
 
 void WaylandRelease::operator()(wl_output* object) const {
     if (wl_output_get_version(object) >= WL_OUTPUT_RELEASE_SINCE_VERSION)

@@ -1,5 +1,4 @@
-// The one owner of what a Wayland client holds: it gives each object back in the way of its interface.
-// Private to this folder.
+// Owns a Wayland client's object and destroys it in the way that its interface requires. Private to this folder.
 #pragma once
 
 #include <wayland-client.h>

@@ -36,11 +36,11 @@ struct WaylandPointer::Events {
         const bool wasPressed = std::exchange(self(data).isPressed_, state == WL_POINTER_BUTTON_STATE_PRESSED);
         const auto found = self(data).clicked_.find(self(data).under_);
         if (state != WL_POINTER_BUTTON_STATE_RELEASED || !wasPressed || found == self(data).clicked_.end()) return;
-        const auto clicked = found->second;  // which may end the surface
+        const auto clicked = found->second;  // a copy: the call may end the surface
         clicked();
     }
 
-    // What the bound version doesn't send stays without a handler.
+    // Events that the bound version doesn't send have no handler.
     static const wl_pointer_listener& listener() {
         static const wl_pointer_listener listener = [] {
             wl_pointer_listener each{};
@@ -83,7 +83,7 @@ void WaylandPointer::getOrRelease() {
     }
 }
 
-// The theme takes some memory, so it is there only as long as its hand is shown.
+// The cursor theme takes some memory, so it is loaded only while its hand is shown.
 void WaylandPointer::showHand(std::uint32_t serial) {
     if (!theme_)
         theme_.reset(wl_cursor_theme_load(std::getenv("XCURSOR_THEME"), cursorSize(), display_.sharedMemory.get()));

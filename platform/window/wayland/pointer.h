@@ -1,4 +1,4 @@
-// The seat's pointer, for surfaces that want clicks: it is listened to only once there is one. Private to this folder.
+// The seat's pointer. Its events are requested only when a surface handles clicks. Private to this folder.
 #pragma once
 
 #include <functional>

@@ -9,7 +9,7 @@
 namespace orvel {
 namespace {
 
-// Compositors keep a surface of this namespace in place when a person has the desktop shown.
+// Compositors keep surfaces of this namespace visible while a person shows the desktop.
 constexpr const char* surfaceNamespace = "desktop";
 
 std::uint32_t edges(Anchor anchor) {
@@ -69,7 +69,7 @@ const zwlr_layer_surface_v1_listener LayerRole::listener{
         },
     .closed =
         [](void* data, zwlr_layer_surface_v1*) {
-            const auto closed = static_cast<LayerRole*>(data)->handlers_.closed;  // which ends this object
+            const auto closed = static_cast<LayerRole*>(data)->handlers_.closed;  // a copy: the call ends this object
             closed();
         },
 };

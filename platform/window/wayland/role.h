@@ -1,4 +1,4 @@
-// What a Wayland surface is to the person: a part of the desktop, or a plain window. Private to this folder.
+// The role of a Wayland surface: a part of the desktop, or a plain window. Private to this folder.
 #pragma once
 
 #include <functional>
@@ -10,21 +10,21 @@
 
 namespace orvel {
 
-/// Made for a surface without content, which is committed then. It must go before the surface does.
+/// Created for a surface without content, which it commits. It must be destroyed before the surface.
 class WaylandRole {
 public:
     virtual ~WaylandRole() = default;
     virtual void setTitle(const std::string&) {}
-    /// From the surface's next commit on.
+    /// Takes effect with the surface's next commit.
     virtual void place(Anchor, Margin) {}
 
     struct Handlers {
         std::function<void()> configured;  ///< content may be committed from now on; the next commit acknowledges
-        std::function<void()> closed;      ///< the surface is of no more use
+        std::function<void()> closed;      ///< the surface can't be used any more
     };
 };
 
-/// Nowhere in the way: it keeps clear of panels, takes no keys and leaves no room free around it.
+/// A layer surface that keeps clear of panels, takes no keys and reserves no space.
 std::unique_ptr<WaylandRole> makeLayerRole(const WaylandDisplay& display, wl_surface* surface,
                                            const SurfaceRequest& request, const WaylandOutput* output,
                                            WaylandRole::Handlers handlers);

@@ -10,7 +10,7 @@
 namespace orvel {
 namespace {
 
-// A surface that has lasted as long was no failure.
+// A surface that has lasted this long doesn't count as a failure.
 constexpr std::chrono::seconds lasting{10};
 
 }  // namespace
@@ -138,7 +138,7 @@ void WaylandSurface::outputsChanged() {
     std::erase_if(entered_, [this](const wl_output* entered) {
         return std::ranges::find(display_.outputs(), entered, &WaylandOutput::handle) == display_.outputs().end();
     });
-    if (display_.outputs().size() > outputs_) backOff_.reset();  // a new chance
+    if (display_.outputs().size() > outputs_) backOff_.reset();  // worth trying again at once
     outputs_ = display_.outputs().size();
     if (surface_) return rescale();
     if (!retry_.isSet()) retry_.set(backOff_.next());

@@ -43,17 +43,17 @@ private:
     struct Events;
     using Clock = std::chrono::steady_clock;
 
-    // The surface's life: it appears where there is an output for it, and again after each event that ended it.
+    // The surface's life: it is created when there is an output for it, and again after each event that ended it.
     void appear();
     void disappear();
     void configured();
     void closed();
 
-    // The scale: the compositor's own word in 120ths, else that of the outputs that the surface is on, else a guess.
+    // The scale: as the compositor gives it in 120ths, else that of the outputs that the surface is on, else a guess.
     double scale() const;
     void rescale();
 
-    // Drawing: when the content is another one, the compositor wants a frame and one of two buffers is free.
+    // Drawing: when the content has changed, the compositor wants a frame, and one of two buffers is free.
     void drawIfReady();
 
     SurfaceRequest request_;
@@ -66,7 +66,7 @@ private:
     std::size_t outputs_ = 0;
     Clock::time_point appeared_;
 
-    // In the order in which they are made; they go in the opposite one.
+    // In the order of their creation; they are destroyed in reverse order.
     WaylandPtr<wl_surface> surface_;
     WaylandPtr<wp_viewport> viewport_;
     WaylandPtr<wp_fractional_scale_v1> fractionalScale_;

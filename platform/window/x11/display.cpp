@@ -14,7 +14,7 @@ namespace {
 
 constexpr double standardDpi = 96;
 
-// The names that this folder asks for; another would cost a round trip of its own.
+// The atoms that this folder uses, fetched together; any other would cost a round trip of its own.
 constexpr std::string_view usualAtoms[] = {
     "RESOURCE_MANAGER", "UTF8_STRING", "WM_DELETE_WINDOW",    "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_NAME",     "_NET_WM_PID", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP",
@@ -76,7 +76,7 @@ std::unique_ptr<X11Display> X11Display::connect() {
     for (std::size_t i = 0; i < cookies.size(); ++i)
         self->atoms_[usualAtoms[i]] = atomOf(self->connection(), cookies[i]);
 
-    // 1.5 is the first version that speaks of monitors.
+    // 1.5 is the first version that has monitors.
     const auto* const extension = xcb_get_extension_data(self->connection(), &xcb_randr_id);
     if (extension && extension->present) {
         const XcbPtr<xcb_randr_query_version_reply_t> version(xcb_randr_query_version_reply(
@@ -97,7 +97,7 @@ void X11Display::serve(EventLoop& loop, std::function<void(const xcb_generic_eve
         xcb_get_file_descriptor(connection()), [] {}, [this] { deliverEvents(); }));
 }
 
-// Before each sleep, whatever woke the loop: waiting for a reply may have read events as well.
+// Called before each sleep, because waiting for a reply may have read events as well.
 void X11Display::deliverEvents() {
     while (const XcbPtr<xcb_generic_event_t> event{xcb_poll_for_event(connection())}) event_(*event);
     xcb_flush(connection());

@@ -1,4 +1,4 @@
-// The connection to an X server, and what it says of its screen. Private to this folder.
+// The connection to an X server and the properties of its screen. Private to this folder.
 #pragma once
 
 #include <xcb/xcb.h>
@@ -29,10 +29,10 @@ struct X11Monitor {
     bool primary = false;
 };
 
-/// The one of that name, or the main one; null when it isn't there.
+/// The monitor of that name, or the main one; null when it isn't connected.
 const X11Monitor* chosenMonitor(const std::vector<X11Monitor>& monitors, const std::optional<std::string>& name);
 
-/// What a work area leaves of a monitor; all of it where that would be nothing.
+/// The part of a monitor inside the work area; the whole monitor when there is none.
 PixelRect roomOf(const X11Monitor& monitor, const std::optional<PixelRect>& workArea);
 
 class X11Display {
@@ -40,7 +40,7 @@ public:
     /// Null when no X server answers.
     static std::unique_ptr<X11Display> connect();
 
-    /// From here on the loop delivers events. `lost`: the connection has ended.
+    /// From now on, the loop delivers events. `lost`: the connection has ended.
     void serve(EventLoop& loop, std::function<void(const xcb_generic_event_t&)> event, std::function<void()> lost);
 
     xcb_connection_t* connection() const { return connection_.get(); }
@@ -48,10 +48,10 @@ public:
     xcb_atom_t atom(std::string_view name) const;
     std::string property(xcb_window_t window, std::string_view name, xcb_atom_t type) const;
 
-    /// Those that show something; the whole screen where the server doesn't tell.
+    /// The active monitors; the whole screen where the server doesn't list any.
     std::vector<X11Monitor> monitors() const;
 
-    /// Pixels to the point: the resource Xft.dpi over 96, which is the server's word when there is none.
+    /// Pixels to the point: the resource Xft.dpi over 96; 1 without that resource.
     double scale() const;
 
     /// The screen less its panels, when a window manager says so.

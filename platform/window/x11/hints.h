@@ -1,5 +1,5 @@
-// What an X11 window tells window managers, compositing managers and a person's tools of itself (Extended Window
-// Manager Hints 1.5, Inter-Client Communication Conventions Manual 2.0). Private to this folder.
+// The properties by which an X11 window describes itself to window managers, compositing managers and a person's tools
+// (Extended Window Manager Hints 1.5, Inter-Client Communication Conventions Manual 2.0). Private to this folder.
 #pragma once
 
 #include "platform/window/surface/desktop_surface.h"

@@ -7,7 +7,7 @@
 
 namespace orvel {
 
-/// Rows from top to bottom, those of full width as one: every pixel whose centre is inside.
+/// Every pixel whose centre is inside, as rows from top to bottom; rows of full width are one rectangle.
 std::vector<PixelRect> roundedShape(int widthPx, int heightPx, double radiusPx);
 
 }  // namespace orvel

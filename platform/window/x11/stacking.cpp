@@ -38,7 +38,7 @@ void X11Stacking::handle(const xcb_generic_event_t& event) {
     if (mayHaveMoved(event) && !next_.isSet()) settle();
 }
 
-// Whoever else insists on the same place makes the next attempt wait longer.
+// When another program keeps restacking the same place, the next attempt waits longer.
 void X11Stacking::settle() {
     const auto order = childrenOf(root_);
     bool anyMoved = false;
@@ -55,7 +55,7 @@ bool X11Stacking::mayHaveMoved(const xcb_generic_event_t& event) {
         case XCB_CONFIGURE_NOTIFY: {
             const auto& configured = as<xcb_configure_notify_event_t>(event);
             if (configured.event != root_ || configured.window == root_) return false;
-            // A window that is dragged tells of its place in the stack with each step.
+            // A dragged window reports its place in the stack with each step.
             const bool again = configured.window == moved_ && configured.above_sibling == above_;
             moved_ = configured.window;
             above_ = configured.above_sibling;
@@ -83,7 +83,7 @@ bool X11Stacking::mayHaveMoved(const xcb_generic_event_t& event) {
     return true;
 }
 
-// Whether the window wasn't where it belongs.
+// Whether the window was in the wrong place.
 bool X11Stacking::restack(xcb_window_t window, const Kept& kept, const Toplevels& order) const {
     return kept.keeper == Keeper::itself ? restackItself(window, kept.layer, order) : askWindowManager(window, order);
 }

@@ -1,5 +1,5 @@
-// How windows stay in their place among the others: directly above the desktop's own window (wallpaper, icons) and
-// below every other one, or above them all. Private to this folder.
+// Keeps windows in their place among the others: directly above the desktop's own window (wallpaper, icons) and below
+// all others, or above them all. Private to this folder.
 #pragma once
 
 #include <map>
@@ -16,8 +16,8 @@ public:
     /// The root window's substructure events must have been selected.
     X11Stacking(X11Display& display, EventLoop& loop);
 
-    /// From here on that window is kept in its place, until its release. Other windows that manage themselves may lie
-    /// between, so that several programs that want the same place don't fight for it.
+    /// Keeps that window in its place until it is released. Other override-redirect windows may lie between, so that
+    /// several programs that want the same place don't fight for it.
     void keep(xcb_window_t window, Layer layer, Keeper keeper);
     void release(xcb_window_t window) { kept_.erase(window); }
 

@@ -30,9 +30,9 @@ public:
     void contentChanged(const std::string& title) override;
     void move(Anchor anchor, Margin margin) override;
 
-    /// Brings the window to where it belongs now, or away when that is nowhere.
+    /// Moves the window to its present place, or removes it when it has none.
     void arrange();
-    /// A new window, which the scale, the visual and the keeper want.
+    /// Makes a new window, as changes of the scale, the visual or the keeper require.
     void replace();
 
     /// Null while there is none.

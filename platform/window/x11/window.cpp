@@ -49,7 +49,7 @@ X11Window::X11Window(X11Stacking& stacking, const SurfaceRequest& request, Keepe
     xcb_create_colormap(x, XCB_COLORMAP_ALLOC_NONE, colormap_, screen.root, choice.visual);
 
     id_ = xcb_generate_id(x);
-    // A visual other than the root's wants its own border and colours.
+    // A visual other than the root's needs a border and colours of its own.
     const std::uint32_t overrideRedirect = keeper == Keeper::itself;
     const std::array<std::uint32_t, 4> values{0, 0, overrideRedirect, colormap_};
     xcb_create_window(x, depth_, id_, screen.root, static_cast<std::int16_t>(area.x), static_cast<std::int16_t>(area.y),
@@ -91,7 +91,7 @@ void X11Window::shape(double cornerRadiusPx, Transparency transparency, Clicks c
         setShape(XCB_SHAPE_SK_BOUNDING, roundedShape(area_.width, area_.height, cornerRadiusPx));
 }
 
-// The shape that says so is a hand of the server's own cursor font.
+// The pointer becomes a hand, from the server's own cursor font.
 void X11Window::takeClicks() {
     constexpr std::string_view cursors = "cursor";
     constexpr std::uint16_t hand = 60;  // XC_hand2; its mask is the next glyph

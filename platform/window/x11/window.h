@@ -23,7 +23,7 @@ public:
     void setTitle(const std::string& title);
     void move(int xPx, int yPx);
 
-    /// Asks for the pixels and hands them to the server, which from then on repaints by itself.
+    /// Asks for the pixels and passes them to the server, which from then on repaints by itself.
     void draw(const SurfaceRequest& request);
 
     xcb_window_t id() const { return id_; }

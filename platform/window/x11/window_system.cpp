@@ -111,14 +111,14 @@ private:
         return nullptr;
     }
 
-    // It decides about the windows' visual, which is for life.
+    // It decides the windows' visual, which can't be changed later.
     void chooseTransparency() {
         const auto transparency = display_->hasCompositingManager() ? Transparency::blended : Transparency::cut;
         if (std::exchange(transparency_, transparency) == transparency) return;
         for (X11Surface* const surface : surfaces()) surface->replace();
     }
 
-    // A window manager has come, gone or been replaced. Whom it manages is decided when a window is made.
+    // A window manager has started, ended or been replaced. Which windows it manages is decided when they are made.
     void findAnotherKeeper() {
         windowManager_ = findWindowManager(*display_);
         const Keeper keeper = chooseKeeper(*display_, windowManager_);
@@ -133,7 +133,7 @@ private:
         handlers_.outputsChanged();
     }
 
-    // A copy: what is done with one may end others.
+    // A copy, because handling one surface may end others.
     std::vector<X11Surface*> surfaces() const { return {surfaces_.begin(), surfaces_.end()}; }
 
     std::unique_ptr<X11Display> display_;
