@@ -180,20 +180,27 @@ function take(next) {
   changed();
 }
 
-// One after the other; only the last answer is news.
-function send(operation, body, done = '') {
+// One after the other; only the last answer is news. A question among the changes waits for them too: an answer from
+// before one of them would bring back what it changed.
+function inTurn(ask, answered) {
   const mine = ++asked;
   queue = queue.then(async () => {
     try {
-      const answer = await post(`/api/desktop/${operation}`, body);
+      const answer = await ask();
       if (mine === asked) take(answer);
-      if (done) by('place-about').textContent = done;
-      say(done);
+      answered();
     } catch (error) {
       by('place-trouble').textContent = error.message;
     }
   });
   return queue;
+}
+
+function send(operation, body, done = '') {
+  return inTurn(() => post(`/api/desktop/${operation}`, body), () => {
+    if (done) by('place-about').textContent = done;
+    say(done);
+  });
 }
 
 const put = (done) => send('put', { text: JSON.stringify([proposed]) }, done);
@@ -205,14 +212,8 @@ function choose(part) {
   else show();
 }
 
-export async function refreshDesktop() {
-  const mine = ++asked;
-  try {
-    const answer = await get('/api/desktop');
-    if (mine === asked) take(answer);
-  } catch (error) {
-    by('place-trouble').textContent = error.message;
-  }
+export function refreshDesktop() {
+  return inTurn(() => get('/api/desktop'), () => {});
 }
 
 // Which designs are on the desktop, by their ids.
