@@ -69,7 +69,7 @@ void addDesktop(CLI::App& app, Session& session) {
     CLI::App& command = *app.add_subcommand("desktop", "Keep your cards on the desktop until this command is ended");
     const auto choices =
         addPlaceOptions(command, "Only this design: an id, or a position such as @2 (default: all that have a place)");
-    command.add_flag("--no-feeds", choices->withoutFeeds, "Don't run the feeds along");
+    command.add_flag("--no-feeds", choices->withoutFeeds, "Don't run the feeds as well");
     runs(command, session, choices, desktop);
     addExample(command, "orvel desktop @2 --family medium --anchor left");
 }
