@@ -1,6 +1,6 @@
 // The stored designs as drawn cards: to pick one for editing, and to put them in order.
 import { withScale } from './server.js';
-import { t } from './words.js';
+import { arrow, t } from './words.js';
 
 const list = document.getElementById('designs');
 let shown = [];
@@ -75,7 +75,7 @@ function onKey(event) {
   const id = idAt(event);
   if (!event.altKey || id === undefined) return;
   const at = indexOf(id);
-  const to = { ArrowUp: at - 1, ArrowLeft: at - 1, ArrowDown: at + 1, ArrowRight: at + 1, Home: 0 }[event.key];
+  const to = { ArrowUp: at - 1, ArrowLeft: at - 1, ArrowDown: at + 1, ArrowRight: at + 1, Home: 0 }[arrow(event)];
   if (to === undefined) return;
   event.preventDefault();
   if (to >= 0 && to < shown.length && to !== at) move(id, to);

@@ -1,6 +1,6 @@
 // The symbol's field: a text, and below it the symbols that go with its words, to choose from.
 import { get } from './server.js';
-import { t } from './words.js';
+import { arrow, t } from './words.js';
 
 const field = document.getElementById('symbol');
 const grid = document.getElementById('symbols');
@@ -106,7 +106,7 @@ function onKey(event) {
     take(all[at]);
   } else {
     const steps = { ArrowDown: at < 0 ? 1 : columns(), ArrowUp: -columns(), ArrowRight: 1, ArrowLeft: -1 };
-    const step = steps[event.key];
+    const step = steps[arrow(event)];
     if (popup.hidden || !step || (at < 0 && event.key !== 'ArrowDown')) return;
     point(all[at + step] || (at + step < 0 ? undefined : all[at]));
   }

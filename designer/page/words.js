@@ -24,6 +24,12 @@ export function t(key, values = {}) {
   return text.replace(/\{(\w+)\}/g, (whole, name) => (name in values ? shown(values[name]) : whole));
 }
 
+// An arrow key's direction in what follows the text's: to the left is forwards where texts run from right to left.
+export function arrow({ key }) {
+  if (t('direction') === 'ltr') return key;
+  return { ArrowLeft: 'ArrowRight', ArrowRight: 'ArrowLeft' }[key] ?? key;
+}
+
 // What the server says in English, in the reader's language, where that has words for it.
 export function said({ text, name, values = [] }) {
   return language === 'en' || !(name in words) ? text : t(name, values);

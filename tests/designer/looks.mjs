@@ -89,6 +89,13 @@ async function speaks(language) {
     await page.getByText(words.refusedTarget).waitFor();
     home.orvel('pending', 'clear');
   }
+  // Arrow keys go where they point.
+  await page.locator('#symbol').click();
+  await page.locator('#symbol-1').waitFor();
+  await page.keyboard.press('ArrowDown');
+  await page.keyboard.press(words.direction === 'rtl' ? 'ArrowLeft' : 'ArrowRight');
+  await page.locator('#symbol-1[aria-selected=true]').waitFor();
+  await page.keyboard.press('Escape');
   // Another one, by its own name, stays chosen.
   await page.getByLabel(words.language, { exact: true }).selectOption({ label: language === 'ja' ? 'Deutsch' : '日本語' });
   const other = (await import(new URL(language === 'ja' ? 'de.js' : 'ja.js', languages))).default;
