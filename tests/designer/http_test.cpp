@@ -175,19 +175,19 @@ TEST_F(Serving, WhatIsTooLargeIsRefusedAndTheAnswerArrives) {
         std::string head;
         std::string status;
     };
-    for (const auto& [head, status] : {
+    for (const Row& row : {
              Row{"POST / HTTP/1.1\r\nContent-Length: 1073741824\r\n\r\n", "413"},
              Row{"POST /secret HTTP/1.1\r\nContent-Length: 1073741824\r\n\r\n", "403"},
              Row{"GET / HTTP/1.1\r\nX: ", "431"},
          }) {
         Client client = this->client();
-        client.send(head);
+        client.send(row.head);
         const std::string flood(1 << 20, 'x');
         std::size_t sent = 0;
         EXPECT_TRUE(eventually([&] {
             sent += client.send(flood);
-            return sent > (32 << 20) && client.hasStatus(status);
-        })) << head
+            return sent > (32 << 20) && client.hasStatus(row.status);
+        })) << row.head
             << sent;
         EXPECT_TRUE(isAnswered()) << "while it still sends";
     }
