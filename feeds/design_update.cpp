@@ -1,13 +1,12 @@
 #include "feeds/design_update.h"
 
-#include <algorithm>
-
 #include "authoring/color_names.h"
 #include "authoring/designs.h"
 #include "authoring/new_design.h"
 #include "authoring/references.h"
 #include "feeds/feeds.h"
 #include "feeds/held_line.h"
+#include "platform/foundation/function_ref.h"
 #include "platform/foundation/unicode.h"
 #include "views/kind_face.h"
 
@@ -71,6 +70,21 @@ Outcome<Done> makeBehindOthers(const Feed& feed, const FeedOutput& output, const
     return save(designs, change, platform);
 }
 
+// Changes the feed's design, or does what is to be done when there is none, under the store's lock.
+Outcome<Done> changeDesign(const Feed& feed, FunctionRef<Outcome<Done>(WidgetSpec&)> change,
+                           FunctionRef<Outcome<Done>(const OpenDesigns&)> whenMissing, const Platform& platform) {
+    const auto designs = openDesigns(platform);
+    if (!designs) return designs.failure();
+    const auto index = findWithId(designs->specs, feed.design);
+    if (!index) return index.failure();
+    if (!*index) return whenMissing(*designs);
+    WidgetSpec spec = designs->specs[**index];
+    if (const auto changed = change(spec); !changed) return changed.failure();
+    return save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
+}
+
+constexpr auto leaveOut = [](const OpenDesigns&) -> Outcome<Done> { return Done{}; };
+
 Outcome<Done> rememberMade(const Feed& feed, const Platform& platform) {
     const auto changed = changeFeeds(
         [&](std::vector<Feed>& feeds) -> Outcome<Done> {
@@ -87,24 +101,17 @@ Outcome<Done> rememberMade(const Feed& feed, const Platform& platform) {
 
 Outcome<Done> updateDesign(const Feed& feed, const FeedOutput& output, const Platform& platform) {
     const auto held = HeldLines::read(feed.name, platform);
-    {
-        const auto designs = openDesigns(platform);
-        if (!designs) return designs.failure();
-        const auto index = findWithId(designs->specs, feed.design);
-        if (!index) return index.failure();
-        if (!*index) {
-            if (feed.isMade)
-                return Failure{"its design \"" + unicode::onOneLine(feed.design) +
-                               "\" has been removed; orvel feed run makes it again, orvel feed remove ends the feed"};
-            if (const auto made = makeBehindOthers(feed, output, *designs, platform); !made) return made.failure();
-        } else {
-            WidgetSpec spec = designs->specs[**index];
-            restore(held, spec);
-            if (const auto assigned = assignAll(output, spec, platform); !assigned) return assigned.failure();
-            const auto saved = save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
-            if (!saved) return saved.failure();
-        }
-    }
+    const auto make = [&](const OpenDesigns& designs) -> Outcome<Done> {
+        if (!feed.isMade) return makeBehindOthers(feed, output, designs, platform);
+        return Failure{"its design \"" + unicode::onOneLine(feed.design) +
+                       "\" has been removed; orvel feed run makes it again, orvel feed remove ends the feed"};
+    };
+    const auto change = [&](WidgetSpec& spec) {
+        restore(held, spec);
+        return assignAll(output, spec, platform);
+    };
+    const auto changed = changeDesign(feed, change, make, platform);
+    if (!changed) return changed.failure();
     if (held) HeldLines::remove(feed.name, platform);
     if (feed.isMade) return Done{};
     return rememberMade(feed, platform);
@@ -117,37 +124,26 @@ Outcome<Done> sayNoNews(const Feed& feed, Date since, const Platform& platform) 
     const std::string news = HeldLines::text(held->since, platform);
     if (isUp && held->line.ends_with(news)) return Done{};
 
-    const auto designs = openDesigns(platform);
-    if (!designs) return designs.failure();
-    const auto index = findWithId(designs->specs, feed.design);
-    if (!index) return index.failure();
-    if (!*index) return Done{};
-    WidgetSpec spec = designs->specs[**index];
-    const WidgetField field = noNewsField(spec);
-    if (isUp && textOf(field, spec) != held->line) return Done{};  // a person's by now
-    if (!isUp) held->former = textOf(field, spec);
-    held->line = field == WidgetField::title ? held->former.value_or("") + ": " + news : news;
-    // Kept first: the former line must not be lost.
-    if (const auto kept = HeldLines::write(feed.name, *held, platform); !kept) return kept.failure();
-    setText(field, held->line, spec);
-    return save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
+    const auto change = [&](WidgetSpec& spec) -> Outcome<Done> {
+        const WidgetField field = noNewsField(spec);
+        if (isUp && textOf(field, spec) != held->line) return Done{};  // a person's by now
+        if (!isUp) held->former = textOf(field, spec);
+        held->line = field == WidgetField::title ? held->former.value_or("") + ": " + news : news;
+        setText(field, held->line, spec);
+        return HeldLines::write(feed.name, *held, platform);  // before the design: the former line must not be lost
+    };
+    return changeDesign(feed, change, leaveOut, platform);
 }
 
 Outcome<Done> takeNoNewsBack(const Feed& feed, const Platform& platform) {
     const auto held = HeldLines::read(feed.name, platform);
     if (!held) return Done{};
-    {
-        const auto designs = openDesigns(platform);
-        if (!designs) return designs.failure();
-        const auto index = findWithId(designs->specs, feed.design);
-        if (!index) return index.failure();
-        if (*index) {
-            WidgetSpec spec = designs->specs[**index];
-            restore(held, spec);
-            const auto saved = save(*designs, Changes::replacing(designs->specs, **index, std::move(spec)), platform);
-            if (!saved) return saved.failure();
-        }
-    }
+    const auto change = [&](WidgetSpec& spec) -> Outcome<Done> {
+        restore(held, spec);
+        return Done{};
+    };
+    const auto changed = changeDesign(feed, change, leaveOut, platform);
+    if (!changed) return changed.failure();
     HeldLines::remove(feed.name, platform);
     return Done{};
 }

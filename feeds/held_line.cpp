@@ -11,14 +11,6 @@ std::filesystem::path file(const std::string& feed, const Platform& platform) {
     return std::filesystem::path(stateDirectory(platform.accounts)) / "orvel" / "feeds" / (feed + ".json");
 }
 
-// "2026-01-31T09:00", as the local clocks show it.
-std::string localMinute(Date date, const Platform& platform) {
-    using namespace std::chrono;
-    const sys_seconds instant{seconds{static_cast<long long>(date.unixTime())}};
-    const auto offset = platform.timeZone.utcOffset(instant).value_or(seconds{0});
-    return iso8601::format(date.addingTimeInterval(static_cast<double>(offset.count()))).substr(0, 16);
-}
-
 }  // namespace
 
 std::optional<HeldLine> read(const std::string& feed, const Platform& platform) {
@@ -58,8 +50,9 @@ void remove(const std::string& feed, const Platform& platform) {
 }
 
 std::string text(Date since, const Platform& platform) {
-    const std::string then = localMinute(since, platform);
-    const bool isToday = then.substr(0, 10) == localMinute(platform.clock.now(), platform).substr(0, 10);
+    const std::string then = iso8601::format(localTime(since, platform.timeZone)).substr(0, 16);
+    const bool isToday =
+        iso8601::format(localTime(platform.clock.now(), platform.timeZone)).starts_with(then.substr(0, 10));
     return "no news since " + (isToday ? then.substr(11) : then.substr(0, 10));
 }
 

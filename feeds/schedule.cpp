@@ -31,13 +31,8 @@ std::optional<TimeOfDay> timeOfDay(std::string_view text) {
     return TimeOfDay{hours{digits(0)} + minutes{digits(3)}};
 }
 
-local_days dayOf(Date date, const TimeZone& zone) {
-    const sys_seconds instant{seconds{static_cast<long long>(std::floor(date.unixTime()))}};
-    return floor<days>(local_seconds{(instant + zone.utcOffset(instant).value_or(seconds{0})).time_since_epoch()});
-}
-
 Date nextDaily(TimeOfDay time, Date last, const TimeZone& zone) {
-    const local_days today = dayOf(last, zone);
+    const local_days today = floor<days>(localTime(last, zone));
     // A clock change may have moved today's behind `last`, or tomorrow's; never the day after that.
     for (const days ahead : {days{0}, days{1}, days{2}})
         if (const auto date = instantOf(today + ahead + time.sinceMidnight, zone); date && *date > last) return *date;

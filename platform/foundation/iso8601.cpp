@@ -131,22 +131,27 @@ std::optional<local_seconds> localDateTime(std::string_view text) {
     return local_days{day} + h + m + s;
 }
 
-std::string format(Date date, minutes offset) {
-    const sys_seconds local{seconds{static_cast<long long>(std::floor(date.unixTime()))} + offset};
-    const sys_days midnight = floor<days>(local);
+std::string format(local_seconds time) {
+    const local_days midnight = floor<days>(time);
     const year_month_day day{midnight};
-    const hh_mm_ss time{local - midnight};
-    const hh_mm_ss zone{abs(offset)};
+    const hh_mm_ss clock{time - midnight};
     char text[64];
     std::snprintf(text, sizeof text, "%04d-%02u-%02uT%02d:%02d:%02d", static_cast<int>(day.year()),
                   static_cast<unsigned>(day.month()), static_cast<unsigned>(day.day()),
-                  static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
-                  static_cast<int>(time.seconds().count()));
-    if (offset == minutes{0}) return std::string(text) + "Z";
+                  static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
+                  static_cast<int>(clock.seconds().count()));
+    return text;
+}
+
+std::string format(Date date, minutes offset) {
+    const std::string text =
+        format(local_seconds{seconds{static_cast<long long>(std::floor(date.unixTime()))} + offset});
+    if (offset == minutes{0}) return text + "Z";
+    const hh_mm_ss zone{abs(offset)};
     char suffix[16];
     std::snprintf(suffix, sizeof suffix, "%c%02d:%02d", offset < minutes{0} ? '-' : '+',
                   static_cast<int>(zone.hours().count()), static_cast<int>(zone.minutes().count()));
-    return std::string(text) + suffix;
+    return text + suffix;
 }
 
 }  // namespace orvel::iso8601

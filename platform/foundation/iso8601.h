@@ -28,4 +28,7 @@ std::optional<std::chrono::local_seconds> localDateTime(std::string_view text);
 /// none. For years 0 to 9999.
 std::string format(Date date, std::chrono::minutes offset = {});
 
+/// What localDateTime reads, with a T: 2025-12-31T18:30:00.
+std::string format(std::chrono::local_seconds time);
+
 }  // namespace orvel::iso8601

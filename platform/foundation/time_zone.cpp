@@ -1,6 +1,7 @@
 #include "platform/foundation/time_zone.h"
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <vector>
 
@@ -51,6 +52,11 @@ std::optional<Date> instantOf(local_seconds local, const TimeZone& zone) {
 
 std::optional<Date> startOfDay(year_month_day day, const TimeZone& zone) {
     return instantOf(local_days{day}, zone);
+}
+
+local_seconds localTime(Date date, const TimeZone& zone) {
+    const sys_seconds instant{seconds{static_cast<long long>(std::floor(date.unixTime()))}};
+    return local_seconds{(instant + zone.utcOffset(instant).value_or(seconds{0})).time_since_epoch()};
 }
 
 }  // namespace orvel

@@ -23,4 +23,7 @@ std::optional<Date> instantOf(std::chrono::local_seconds time, const TimeZone& z
 /// 00:00 of that day, in the same sense.
 std::optional<Date> startOfDay(std::chrono::year_month_day day, const TimeZone& zone);
 
+/// What the zone's clocks show at that instant, in whole seconds; UTC where the zone gives no offset.
+std::chrono::local_seconds localTime(Date date, const TimeZone& zone);
+
 }  // namespace orvel

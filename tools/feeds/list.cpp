@@ -18,19 +18,11 @@
 namespace orvel::tools {
 namespace {
 
-// "2026-01-31T14:02:11", as the local clocks show it.
-std::string local(Date date, const Platform& platform) {
-    using namespace std::chrono;
-    const sys_seconds instant{seconds{static_cast<long long>(date.unixTime())}};
-    const auto offset = platform.timeZone.utcOffset(instant).value_or(seconds{0});
-    return iso8601::format(date.addingTimeInterval(static_cast<double>(offset.count()))).substr(0, 19);
-}
-
 // The time, and the day if it isn't today.
 std::string when(const std::optional<Date>& date, const Platform& platform) {
     if (!date) return "-";
-    const std::string text = local(*date, platform);
-    const std::string today = local(platform.clock.now(), platform).substr(0, 10);
+    const std::string text = iso8601::format(localTime(*date, platform.timeZone));
+    const std::string today = iso8601::format(localTime(platform.clock.now(), platform.timeZone)).substr(0, 10);
     return text.starts_with(today) ? text.substr(11) : text.substr(0, 10) + " " + text.substr(11, 5);
 }
 
