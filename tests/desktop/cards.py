@@ -51,10 +51,10 @@ class Picture:
     """The pixels of an output: a PPM file's."""
 
     def __init__(self, file):
-        kind, self.width, self.height, most, self.bytes = pathlib.Path(file).read_bytes().split(maxsplit=4)
+        kind, width, height, most, self.bytes = pathlib.Path(file).read_bytes().split(maxsplit=4)
         if kind != b"P6" or most != b"255":
             raise Failed(f"{file} is no picture of 8 bits a channel")
-        self.width, self.height = int(self.width), int(self.height)
+        self.width, self.height = int(width), int(height)
 
     def part(self, left, top, width, height):
         """Its pixels, row by row; None where it isn't wholly inside."""
@@ -93,7 +93,7 @@ class Cards:
         self.said = open(work / "said", "ab")
 
     def start(self, *command, environment=None, **options):
-        options = {"stdout": subprocess.DEVNULL, **options}
+        options = {"stdout": subprocess.DEVNULL, "start_new_session": True, **options}
         process = subprocess.Popen(command, env={**self.environment, **(environment or {})}, stderr=self.said,
                                    **options)
         self.others.append(process)
@@ -111,7 +111,7 @@ class Cards:
 
     def show(self):
         self.process = subprocess.Popen([self.build / "orvel", "desktop"], stdout=subprocess.DEVNULL, stderr=self.said,
-                                        env=self.wrapped())
+                                        env=self.wrapped(), start_new_session=True)
 
     def keep_running(self):
         """As a service manager's restart rule does."""
@@ -150,14 +150,20 @@ class Cards:
         return sum(abs(drawn[4 * p] - seen[3 * p]) > 48 for p in solid) < unlike * len(solid)
 
     @staticmethod
-    def finish(process):
+    def kill(process):
+        """With the processes that it started, which hold what it had open: a client sees its compositor's end then."""
+        if process.poll() is None:
+            os.killpg(process.pid, signal.SIGKILL)
+            process.wait()
+
+    @classmethod
+    def finish(cls, process):
         if process and process.poll() is None:
             process.terminate()
             try:
                 process.wait(10)
             except subprocess.TimeoutExpired:
-                process.kill()
-                process.wait()
+                cls.kill(process)
 
     def end(self):
         if self.process and self.process.poll() is None:

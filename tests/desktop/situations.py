@@ -64,6 +64,7 @@ def clicks_pass(server):
             before = clicked()
             server.click(0, x, y)
             patiently(lambda: clicked() != before, SECONDS, f"the click {where} to reach what lies below")
+        expect_cards(server, "after the clicks")
 
 
 def click_command(server):

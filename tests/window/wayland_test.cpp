@@ -74,7 +74,7 @@ TEST_F(WaylandCard, IsALayerSurfaceThatIsInNobodysWay) {
     open({}, {.anchor = {-1, 1}, .margin = {12, 12}});
     ASSERT_TRUE(until(has("wl_surface.attach")));
     for (const char* const request :
-         {"zwlr_layer_shell_v1.get_layer_surface 1 desktop", "zwlr_layer_surface_v1.set_size 170 170",
+         {"zwlr_layer_shell_v1.get_layer_surface 1 card", "zwlr_layer_surface_v1.set_size 170 170",
           "zwlr_layer_surface_v1.set_anchor 6", "zwlr_layer_surface_v1.set_margin 12 12 12 12",
           "zwlr_layer_surface_v1.set_exclusive_zone 0", "zwlr_layer_surface_v1.set_keyboard_interactivity 0",
           "wl_surface.set_input_region", "zwlr_layer_surface_v1.ack_configure 1"})

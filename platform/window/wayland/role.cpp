@@ -9,9 +9,6 @@
 namespace orvel {
 namespace {
 
-// Compositors keep surfaces of this namespace visible while a person shows the desktop.
-constexpr const char* surfaceNamespace = "desktop";
-
 std::uint32_t edges(Anchor anchor) {
     constexpr std::uint32_t horizontal[]{ZWLR_LAYER_SURFACE_V1_ANCHOR_LEFT, 0, ZWLR_LAYER_SURFACE_V1_ANCHOR_RIGHT};
     constexpr std::uint32_t vertical[]{ZWLR_LAYER_SURFACE_V1_ANCHOR_TOP, 0, ZWLR_LAYER_SURFACE_V1_ANCHOR_BOTTOM};
@@ -32,10 +29,12 @@ class LayerRole final : public WaylandRole {
 public:
     LayerRole(const WaylandDisplay& display, wl_surface* surface, const SurfaceRequest& request,
               const WaylandOutput* output, Handlers handlers)
+        // A namespace of its own: KWin takes "desktop" and the like for the desktop's own windows, of which it brings
+        // the one that was clicked in front of the others.
         : handlers_(std::move(handlers)),
           layer_(zwlr_layer_shell_v1_get_layer_surface(display.layerShell.get(), surface,
                                                        output ? output->handle() : nullptr,
-                                                       wireLayer(request.placement.layer), surfaceNamespace)) {
+                                                       wireLayer(request.placement.layer), request.program.c_str())) {
         zwlr_layer_surface_v1_add_listener(layer_.get(), &listener, this);
         zwlr_layer_surface_v1_set_size(layer_.get(), static_cast<std::uint32_t>(points(request.width)),
                                        static_cast<std::uint32_t>(points(request.height)));

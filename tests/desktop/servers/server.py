@@ -1,4 +1,4 @@
-"""What every desktop under test is: two outputs of 900 x 600 pixels side by side, the cards' process, and a person's
+"""What every desktop under test is: two outputs of 960 x 600 pixels side by side, the cards' process, and a person's
 means. A kind of server says how."""
 import contextlib
 import subprocess
@@ -7,7 +7,7 @@ from cards import Cards, Failed, patiently
 
 HERE = __file__.rsplit("/", 2)[0]
 PYTHON = "/usr/bin/python3"  # Debian's, which has its packages
-WIDTH, HEIGHT = 900, 600
+WIDTH, HEIGHT = 960, 600  # multiples of every scale, and of 8 as modes are
 
 
 class Window:
@@ -27,6 +27,7 @@ class Server(Cards):
     name = ""       # as documents call it
     packages = []   # of Debian; the first one's version is its own
     needs = []      # commands
+    manager = []    # of windows: the command, where it is a program of its own
     outputs = []    # as `orvel outputs` calls them
     lacks = {}      # situation: why the desktop has nothing of the kind
     blurred = {}    # situation: why the card is there, but not pixel for pixel

@@ -1,6 +1,11 @@
 """Wayland compositors without a screen."""
 import contextlib
 import json
+import os
+import shutil
+import tempfile
+
+import dbus
 
 from cards import Picture, patiently
 from servers.server import HEIGHT, HERE, PYTHON, WIDTH, Server
@@ -37,6 +42,7 @@ class Layered(Server):
 
 class Sway(Layered):
     name = "sway"
+    manager = ["sway"]
     packages = ["sway"]
     outputs = ["HEADLESS-1", "HEADLESS-2"]
     lacks = {"root menus": "its desktop has no menu", "show desktop": "it has no such command",
@@ -62,8 +68,7 @@ class Sway(Layered):
         self.start_pointer()
 
     def stop(self):
-        self.compositor.kill()
-        self.compositor.wait()
+        self.kill(self.compositor)
 
     def message(self, *words):
         return self.run("swaymsg", *words).stdout
@@ -90,4 +95,88 @@ class Sway(Layered):
         return [picture for _, picture in sorted(pictures, key=lambda each: each[0])]
 
 
-SERVERS = [Sway]
+class KWin(Layered):
+    name = "KWin on Wayland"
+    packages = ["kwin-wayland"]
+    needs = ["kwin_wayland", "dbus-daemon", "Xwayland", "wmctrl", "pgrep", "convert"]
+    outputs = ["Virtual-0", "Virtual-1"]
+    lacks = {"root menus": "the menu is another program's"}
+    cannot = {"show desktop": "it brings the desktop's own windows in front of everything else, and a card that counts as "
+                              "one of these would vanish behind the wallpaper when that is clicked"}
+
+    below_the_card = Server.below_the_card
+
+    def begin(self):
+        (self.home / ".config/kwinrc").write_text("[Desktops]\nNumber=2\nRows=1\n")
+        self.bus = self.start_session_bus()
+        # A copy has not the right to a better priority, which not every container can give.
+        program = shutil.copyfile(shutil.which("kwin_wayland"), self.work / "kwin_wayland")
+        program.chmod(0o755)
+        socket = f"kwin-{len(self.others)}"
+        self.compositor = self.start(
+            program, "--virtual", "--xwayland", "--width", str(WIDTH), "--height", str(HEIGHT), "--output-count", "2",
+            "--no-lockscreen", "--no-global-shortcuts", "--socket", socket,
+            environment={"KWIN_WAYLAND_NO_PERMISSION_CHECKS": "1", "KWIN_SCREENSHOT_NO_PERMISSION_CHECKS": "1"})
+        patiently(lambda: self.ensure_running(self.compositor) or (self.work / socket).exists(), what="KWin")
+        self.environment["WAYLAND_DISPLAY"] = socket
+        self.environment["DISPLAY"] = patiently(self.x_display, what="KWin's X server")
+        patiently(lambda: b"window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK").stdout,
+                  what="KWin to manage its X server's windows")
+        self.start_pointer()
+
+    def x_display(self):
+        """The number that its X server listens at, which only its processes know."""
+        listed = self.run("pgrep", "-P", str(self.compositor.pid), "-a", "Xwayland").stdout.decode().split()
+        return next((word for word in listed if word.startswith(":")), None)
+
+    def stop(self):
+        self.kill(self.compositor)
+        self.kill(self.bus)
+
+    def ask(self, interface, path, method, *arguments):
+        address = self.environment["DBUS_SESSION_BUS_ADDRESS"]
+        thing = dbus.bus.BusConnection(address).get_object("org.kde.KWin", path, introspect=False)
+        return dbus.Interface(thing, interface).get_dbus_method(method)(*arguments)
+
+    def configure_outputs(self, *words):
+        self.run(PYTHON, f"{HERE}/kwin_outputs.py", *words)
+
+    def lose_output(self):
+        self.configure_outputs("disable", str(WIDTH))
+
+    def give_output_back(self):
+        self.configure_outputs("enable", str(WIDTH))
+
+    def scale_to(self, scale):
+        self.configure_outputs("scale", str(WIDTH), str(scale))
+
+    def show_desktop(self, wanted):
+        self.run("wmctrl", "-k", "on" if wanted else "off")
+
+    def workspace(self, number):
+        self.ask("org.kde.KWin", "/KWin", "setCurrentDesktop", dbus.Int32(number))
+
+    def pictures(self):
+        pictures = []
+        for i, output in enumerate(self.outputs):
+            with tempfile.TemporaryFile() as file:
+                try:
+                    answer = self.ask("org.kde.KWin.ScreenShot2", "/org/kde/KWin/ScreenShot2", "CaptureScreen", output,
+                                      dbus.Dictionary({"native-resolution": True}, signature="sv"),
+                                      dbus.types.UnixFd(file))
+                except dbus.exceptions.DBusException:
+                    continue  # it is off
+                width, height, stride = (int(answer[key]) for key in ("width", "height", "stride"))
+                patiently(lambda: os.fstat(file.fileno()).st_size >= stride * height, what="a picture's pixels")
+                file.seek(0)
+                pixels = file.read()
+            picture = bytearray(3 * width * height)  # from blue, green, red, and one more
+            for channel in range(3):
+                picture[channel::3] = pixels[2 - channel::4]
+            shot = self.work / f"shot-{i}.ppm"
+            shot.write_bytes(b"P6 %d %d 255\n" % (width, height) + picture)
+            pictures.append(Picture(shot))
+        return pictures
+
+
+SERVERS = [Sway, KWin]

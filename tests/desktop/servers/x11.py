@@ -3,14 +3,14 @@ import json
 import os
 
 from cards import Picture, patiently
-from servers.server import HEIGHT, WIDTH, Server
+from servers.server import HEIGHT, PYTHON, WIDTH, Server
 
 
 class X11(Server):
     outputs = ["first", "second"]
-    needs = ["Xvfb", "xrandr", "xrdb", "xprop", "xsetroot", "xdotool", "wmctrl", "import", "convert"]
-    manager = []  # the command
-    desktop = []  # likewise
+    needs = ["Xvfb", "xrandr", "xrdb", "xprop", "xsetroot", "xdotool", "wmctrl", "import", "convert",
+             PYTHON]
+    desktop = []  # what draws the desktop: the command
     display = None
     running = []
 
@@ -47,8 +47,7 @@ class X11(Server):
     def stop(self):
         for process in reversed(self.running[1:]):
             self.finish(process)
-        self.running[0].kill()
-        self.running[0].wait()
+        self.kill(self.running[0])
 
     def xrandr(self, *arguments):
         self.run("xrandr", *arguments)
@@ -103,6 +102,7 @@ class Openbox(X11):
 class I3(X11):
     name = "i3"
     packages = ["i3-wm"]
+    manager = ["i3"]
     lacks = {"root menus": "its desktop has no menu", "show desktop": "it has no such command"}
 
     def manage(self):
@@ -135,7 +135,7 @@ class TwoOutputs(X11):
         file.write_text(
             'Section "Device"\nIdentifier "device"\nDriver "dummy"\nVideoRam 256000\nEndSection\n'
             'Section "Monitor"\nIdentifier "monitor"\nHorizSync 1-1000\nVertRefresh 1-1000\n'
-            f'Modeline "{self.mode}" 45 900 948 1040 1184 600 601 604 622\nEndSection\n'
+            f'Modeline "{self.mode}" 45 960 1008 1100 1244 600 601 604 622\nEndSection\n'
             'Section "Screen"\nIdentifier "screen"\nDevice "device"\nMonitor "monitor"\nDefaultDepth 24\n'
             f'SubSection "Display"\nDepth 24\nModes "{self.mode}"\nVirtual 4000 2000\nEndSubSection\nEndSection\n'
             'Section "ServerFlags"\nOption "AutoAddDevices" "false"\nOption "AutoAddGPU" "false"\nEndSection\n')
