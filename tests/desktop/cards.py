@@ -2,6 +2,7 @@
 import json
 import os
 import pathlib
+import re
 import shutil
 import signal
 import subprocess
@@ -51,10 +52,11 @@ class Picture:
     """The pixels of an output: a PPM file's."""
 
     def __init__(self, file):
-        kind, width, height, most, self.bytes = pathlib.Path(file).read_bytes().split(maxsplit=4)
-        if kind != b"P6" or most != b"255":
+        content = pathlib.Path(file).read_bytes()
+        head = re.match(rb"P6\s+(\d+)\s+(\d+)\s+255\s", content)
+        if not head:
             raise Failed(f"{file} is no picture of 8 bits a channel")
-        self.width, self.height = int(width), int(height)
+        self.width, self.height, self.bytes = int(head[1]), int(head[2]), content[head.end():]
 
     def part(self, left, top, width, height):
         """Its pixels, row by row; None where it isn't wholly inside."""

@@ -30,6 +30,7 @@ class Server(Cards):
     manager = []    # of windows: the command, where it is a program of its own
     outputs = []    # as `orvel outputs` calls them
     lacks = {}      # situation: why the desktop has nothing of the kind
+    cover = "420x420+0+0"  # a window that covers the first card, which a tiling desktop makes larger
     blurred = {}    # situation: why the card is there, but not pixel for pixel
     cannot = {}     # situation: why the desktop can't do it, although it has the means; it is tried, and has to fail
 

@@ -15,6 +15,14 @@ class X11(Server):
     running = []
 
     def begin(self):
+        self.start_x_server()
+        self.environment["DISPLAY"] = self.display
+        self.give_first_output()
+        self.give_output_back()
+        self.run("xsetroot", "-solid", "#336699")
+        self.manage()
+
+    def start_x_server(self):
         read, write = os.pipe()
         number = [self.display] if self.display else []
         self.running = [self.start(*self.x_server(), *number, "-displayfd", str(write), "-noreset", "-nolisten", "tcp",
@@ -22,11 +30,6 @@ class X11(Server):
         os.close(write)
         with os.fdopen(read) as told:
             self.display = ":" + told.readline().strip()
-        self.environment["DISPLAY"] = self.display
-        self.give_first_output()
-        self.give_output_back()
-        self.run("xsetroot", "-solid", "#336699")
-        self.manage()
 
     def manage(self):
         self.running.append(self.start(*self.manager))
