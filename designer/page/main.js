@@ -1,12 +1,13 @@
 // The page: one design that is edited, the others beside it, and the server that keeps all of them.
 import { get, post, withScale } from './server.js';
 import { serverEvents } from './events.js';
+import { offerKinds } from './kinds.js';
 import { refreshCountdowns, setUpDesigns, showDesigns } from './designs.js';
 import { setUpForm, showDraft } from './form.js';
 import { idsOnDesktop, refreshDesktop, setUpPlace } from './place.js';
 import { setUpShare } from './share.js';
 import { ask, hush, notice, say } from './talk.js';
-import { fillIn, loadWords, offerLanguages, t } from './words.js';
+import { fillIn, inLanguage, loadWords, offerLanguages, t } from './words.js';
 
 const by = (id) => document.getElementById(id);
 const opening = new Set(['/api/new', '/api/edit', '/api/duplicate', '/api/remove', '/api/undo', '/api/take-theirs']);
@@ -229,6 +230,7 @@ history.replaceState(null, '', location.pathname);
 await loadWords();
 fillIn();
 offerLanguages(by('language'));
+offerKinds(document.querySelector('.kinds'), inLanguage);
 document.documentElement.classList.remove('loading');
 makeDownloads();
 setUpForm(typed, () => state.draft.record);

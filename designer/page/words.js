@@ -1,5 +1,5 @@
-// The page's words in the reader's language: `t('found', { count: 3 })`. Each language is a file of languages/, and
-// nothing else: its name, its plurals and its numbers are the browser's.
+// The page's words in the reader's language: `t('found', { count: 3 })`. Each language is a file of languages/, and a
+// name for each kind in kinds.js: its own name, its plurals and its numbers are the browser's.
 import codes from './languages.js';
 import english from './languages/en.js';
 
@@ -23,6 +23,9 @@ export function t(key, values = {}) {
   const text = typeof entry === 'string' ? entry : entry[plurals.select(values.count)] ?? entry.other;
   return text.replace(/\{(\w+)\}/g, (whole, name) => (name in values ? shown(values[name]) : whole));
 }
+
+// Of a text for each language, the reader's.
+export const inLanguage = (texts) => texts[language] ?? texts.en;
 
 // An arrow key's direction in what follows the text's: to the left is forwards where texts run from right to left.
 export function arrow({ key }) {

@@ -33,6 +33,10 @@ for (const file of readdirSync(folder)) {
       assert.deepEqual(Object.keys(entry).sort(), new Intl.PluralRules(language).resolvedOptions().pluralCategories.sort(), where);
   }
 }
+const { kinds } = await import(new URL('../kinds.js', folder));
+const languages = readdirSync(folder).map((file) => file.replace('.js', ''));
+for (const [kind, { names }] of Object.entries(kinds)) assert.deepEqual(Object.keys(names).sort(), languages, `kinds.js: ${kind}`);
+
 const page = readFileSync(new URL('../index.html', folder), 'utf8');
 for (const [, key] of page.matchAll(/ data-(?:text|label|hint)="([^"]*)"/g))
   assert.ok(key in english, `index.html asks for "${key}", which languages/en.js lacks`);

@@ -65,7 +65,7 @@ TEST(EveryPlace, NamesEveryKindFieldAndCommand) {
         const char* after;
     } places[] = {
         {"docs/store.md", "| `kind` | string, required | ", {listOfKinds()}, " |"},
-        {"designer/page/index.html", "value=\"", kinds(), "\""},
+        {"designer/page/kinds.js", "\n  ", kinds(), ": {"},
         {"tests/views/views_test.cpp", "Kind::", kinds(), ""},
         {"docs/store.md", "| `", fields([](WidgetField) { return true; }), "` |"},
         {"designer/page/index.html", "data-field=\"", fields(isShown), "\""},
