@@ -1,6 +1,7 @@
 """X servers without a screen, with a window manager, and perhaps a program that draws the desktop."""
 import json
 import os
+import random
 
 from cards import Picture, patiently
 from servers.server import HEIGHT, PYTHON, WIDTH, Server
@@ -24,8 +25,9 @@ class X11(Server):
 
     def start_x_server(self):
         read, write = os.pipe()
-        number = [self.display] if self.display else []
-        self.running = [self.start(*self.x_server(), *number, "-displayfd", str(write), "-noreset", "-nolisten", "tcp",
+        # The lowest free number could be another server's by the time this one starts again.
+        number = self.display or f":{random.randrange(1000, 20000)}"
+        self.running = [self.start(*self.x_server(), number, "-displayfd", str(write), "-noreset", "-nolisten", "tcp",
                                    pass_fds=[write])]
         os.close(write)
         with os.fdopen(read) as told:
