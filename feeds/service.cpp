@@ -5,7 +5,7 @@
 
 #include "feeds/conditions.h"
 #include "feeds/feeds.h"
-#include "feeds/resident_pages.h"
+#include "platform/events/resident_pages.h"
 
 namespace orvel {
 namespace {

@@ -7,6 +7,7 @@
 
 #include "platform/events/ending_signals.h"
 #include "platform/events/path_watch.h"
+#include "platform/events/resident_pages.h"
 #include "platform/events/timer.h"
 #include "platform/foundation/descriptor.h"
 #include "platform/host/card_board.h"
@@ -82,6 +83,7 @@ private:
         board_.show(cards, *windows_);
         timer_.set(source_.nextLook());
         if (board_.isDrawing()) settled_.set(longestWait);
+        releaseProgramPages();  // of starting, reading and preparing
     }
 
     void say(const std::string& sentence) const {

@@ -1,4 +1,4 @@
-#include "feeds/resident_pages.h"
+#include "platform/events/resident_pages.h"
 
 #include <link.h>
 #include <sys/mman.h>
