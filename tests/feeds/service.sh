@@ -14,6 +14,7 @@ mkdir "$home" "$work/runtime"
 echo "user:x:$(id -u):$(id -g)::$home:/bin/sh" > "$work/passwd"
 echo "user:x:$(id -g):" > "$work/group"
 export NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0
+export NSS_WRAPPER_DISABLE_DEEPBIND=1
 export XDG_RUNTIME_DIR="$work/runtime" XDG_CONFIG_HOME="" XDG_STATE_HOME=""
 orvel() { LD_PRELOAD=libnss_wrapper.so "$build/orvel" "$@"; }
 feed() { orvel feed "$@" 2> "$work/feed.said" || fail "feed $*: $(cat "$work/feed.said")"; }
@@ -38,7 +39,8 @@ serve() {
     until_is True sh -c "LD_PRELOAD=libnss_wrapper.so '$build/orvel' feed list --json |
         python3 -c 'import json, sys; print(json.load(sys.stdin)[\"served\"])'"
 }
-running() { pgrep -f "^sleep 98765[.]" | wc -l; }
+mark=98$$ # of the commands that stay
+running() { pgrep -f "^sleep $mark[.]" | wc -l; }
 
 orvel add --kind note --title Front --id front --primary mine --accent blue > "$work/id"
 feed add count --every 1s --first title=Count --first secondary=usual -- \
@@ -84,7 +86,7 @@ until_is third field other primary
 
 # One service, which ends with all that it started; also when it is killed.
 [ "$(orvel feeds 2>&1)" = "orvel: your feeds are served already, by process $service" ] || fail "a second service"
-feed add long --every 1s --timeout 1h -- sh -c 'setsid sleep 98765.1 & sleep 98765.2'
+feed add long --every 1s --timeout 1h -- sh -c "setsid sleep $mark.1 & sleep $mark.2"
 until_is 2 running
 [ "$(orvel feed run long 2>&1 | cut -d' ' -f 2,3)" = "long: process" ] || fail "it runs twice at once"
 kill "$service"
