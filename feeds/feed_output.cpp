@@ -7,6 +7,7 @@
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
+#include "views/kind_face.h"
 
 namespace orvel {
 namespace {
@@ -134,15 +135,7 @@ Outcome<FeedOutput> readOutput(const std::string& text) {
 }
 
 Assignment mainTextOf(WidgetKind kind, const std::string& text) {
-    const auto into = [&](WidgetField field) { return Assignment{std::string(typedName(field)), text}; };
-    switch (kind) {
-        case WidgetKind::progress: return into(WidgetField::progress);
-        case WidgetKind::list: return into(WidgetField::items);
-        case WidgetKind::countdown: return into(WidgetField::targetISO8601);
-        case WidgetKind::metric:
-        case WidgetKind::note: break;
-    }
-    return into(WidgetField::primary);
+    return {std::string(typedName(mainField(kind))), text};
 }
 
 WidgetKind likelyKind(const FeedOutput& output) {

@@ -47,4 +47,12 @@ constexpr bool shows(WidgetKind kind, WidgetField field) {
     return std::find(fields.begin(), fields.end(), field) != fields.end();
 }
 
+/// Of the fields that it shows, the one that a number or text from elsewhere is about.
+constexpr WidgetField mainField(WidgetKind kind) {
+    using Field = WidgetField;
+    for (const Field field : {Field::primary, Field::progress, Field::items, Field::targetISO8601})
+        if (shows(kind, field)) return field;
+    return Field::title;
+}
+
 }  // namespace orvel

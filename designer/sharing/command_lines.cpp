@@ -80,13 +80,6 @@ std::string record(WidgetSpec spec) {
     return json ? '{' + json->substr(emptyId.size()) : "{}";
 }
 
-WidgetField mainField(WidgetKind kind) {
-    using Field = WidgetField;
-    for (const Field field : {Field::primary, Field::progress, Field::items, Field::targetISO8601})
-        if (shows(kind, field)) return field;
-    return Field::title;
-}
-
 }  // namespace
 
 std::string shellWord(std::string_view text) {

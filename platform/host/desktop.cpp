@@ -41,7 +41,7 @@ public:
           endingSignals_(openSignals()),
           ending_(loop_.watch(endingSignals_.get(), [this] { loop_.stop(); })),
           timer_(loop_, [this] { look(); }),
-          settled_(loop_, [this] { board_.stopDrawing(); }),
+          settled_(loop_, [this] { rest(); }),
           dependencies_(loop_, source.dependencies(), [this] { reload(); }),
           zone_(loop_, {zoneFile}, [this] { look(); }) {}
 
@@ -69,11 +69,19 @@ private:
     void reload() {
         source_.reload();
         show();
+        settled_.set(longestWait);
     }
 
     void look() {
         source_.look();
         show();
+        releaseProgramPages();
+    }
+
+    // When all is drawn, what only starting, reading and preparing took is no longer needed.
+    void rest() {
+        board_.stopDrawing();
+        releaseProgramPages();
     }
 
     void show() {
@@ -83,7 +91,6 @@ private:
         board_.show(cards, *windows_);
         timer_.set(source_.nextLook());
         if (board_.isDrawing()) settled_.set(longestWait);
-        releaseProgramPages();  // of starting, reading and preparing
     }
 
     void say(const std::string& sentence) const {

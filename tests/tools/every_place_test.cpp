@@ -75,8 +75,7 @@ TEST(EveryPlace, NamesEveryKindFieldAndCommand) {
         ASSERT_FALSE(names.empty());
         const std::string text = contents(file);
         for (const std::string& name : names)
-            EXPECT_NE(text.find(before + name + after), std::string::npos)
-                << file << " lacks " << before << name << after;
+            EXPECT_NE(text.find(before + name + after), std::string::npos) << file << " lacks " << name;
     }
 }
 
