@@ -166,7 +166,7 @@ HttpResponse Service::changeDesktop(const HttpRequest& request, const Body& body
 }
 
 HttpResponse Service::type(const HttpRequest& request, const Body& body) {
-    if (body.revision != workbench_.revision())
+    if (!workbench_.revisions().isCurrent(body.fields, body.revision))
         return refusal(409, "another window has changed this design", "revision");
     const auto refusals = workbench_.type(body.fields);
     notice(toldStore_);

@@ -55,7 +55,7 @@ void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPict
                 const Symbols& symbols) {
     const WidgetSpec& draft = workbench.draft();
     writer.key("draft").beginObject();
-    writer.key("revision").integer(static_cast<std::int64_t>(workbench.revision()));
+    writer.key("revision").integer(static_cast<std::int64_t>(workbench.revisions().last()));
     writer.key("isNew").boolean(workbench.isNew());
     writer.key("isUnsaved").boolean(workbench.isUnsaved());
     writer.key("conflict").string(word(workbench.conflict()));

@@ -4,6 +4,8 @@
 
 #include "authoring/designs.h"
 #include "authoring/history.h"
+#include "designer/kept_base.h"
+#include "designer/merge.h"
 #include "model/store_files.h"
 #include "model/widget_spec_json.h"
 #include "platform/foundation/unicode.h"
@@ -16,19 +18,6 @@ const LockWait patience{.most = std::chrono::seconds(2), .silent = std::chrono::
 
 bool isSame(const WidgetSpec& a, const WidgetSpec& b) {
     return WidgetSpecJSON::encode(a) == WidgetSpecJSON::encode(b);
-}
-
-std::filesystem::path baseFile(const Platform& platform) {
-    return History::file(platform).parent_path() / "edited-design.json";
-}
-
-// The stored design that the pending one began from, as it was kept.
-std::optional<WidgetSpec> readBase(const WidgetSpec& pending, const Platform& platform) {
-    auto bytes = platform.files.read(baseFile(platform));
-    if (!bytes) return std::nullopt;
-    auto base = WidgetSpecJSON::decode(*std::move(bytes));
-    if (!base || base->id != pending.id) return std::nullopt;
-    return *std::move(base);
 }
 
 Outcome<std::size_t> indexOf(const std::string& id, const std::vector<WidgetSpec>& specs) {
@@ -64,39 +53,46 @@ Conflict Workbench::conflict() const {
 void Workbench::look() {
     const auto before = base_ ? indexOf(base_->id, specs_) : Outcome<std::size_t>(0);
     readStore();
-    if (trouble_.empty() && base_ && !isUnsaved()) {
-        const WidgetSpec* const now = stored(base_->id);
-        if (!now)
-            openAny(before ? *before : 0);
-        else if (!isSame(*now, *base_))
-            open(*now, *now);
-    }
+    if (trouble_.empty() && base_ && !isUnsaved() && !stored(base_->id)) openAny(before ? *before : 0);
     followPending();
+    if (trouble_.empty()) followStored();
+}
+
+// Where both changed the same field, a conflict stays, for somebody to decide.
+void Workbench::followStored() {
+    const WidgetSpec* const now = base_ ? stored(base_->id) : nullptr;
+    if (!now || isSame(*now, *base_)) return;
+    auto both = merged(*base_, draft_, *now);
+    if (!both) return;
+    changeDraft(*std::move(both));
+    base_ = *now;
+    isBaseKept_ = false;
 }
 
 std::vector<FieldRefusal> Workbench::type(const std::vector<TypedField>& fields) {
-    auto refusals = typeInto(draft_, fields, platform_);
-    ++revision_;
+    WidgetSpec changed = draft_;
+    auto refusals = typeInto(changed, fields, platform_);
+    changeDraft(std::move(changed));
     return refusals;
+}
+
+void Workbench::changeDraft(WidgetSpec changed) {
+    revisions_.change(draft_, changed);
+    draft_ = std::move(changed);
 }
 
 Outcome<Done> Workbench::keep() {
     if (!isUnsaved()) return kept_ ? forgetPending() : Outcome<Done>(Done{});
-    if (kept_ && isSame(*kept_, draft_)) return Done{};
+    if (kept_ && isSame(*kept_, draft_) && isBaseKept_) return Done{};
     const auto lock = lockStore(platform_, patience);
     if (!lock) return lock.failure();
-    if (!kept_ || kept_->id != draft_.id) {
-        const auto file = baseFile(platform_);
-        (void)platform_.files.createFolders(file.parent_path());
-        const auto base = base_ ? WidgetSpecJSON::encode(*base_) : std::nullopt;
-        if (base)
-            (void)platform_.files.replace(file, *base, NewFile::ownerOnly);
-        else
-            (void)platform_.files.remove(file);
-    }
     const auto written = StoreFiles::writePending(draft_, platform_);
     if (!written) return Failure{written.failure().message()};
     kept_ = draft_;
+    // After the draft: what both have changed alike is no conflict, should this be the last thing that the process
+    // does.
+    if (!isBaseKept_) keepBase(base_, platform_);
+    isBaseKept_ = true;
     return Done{};
 }
 
@@ -124,31 +120,32 @@ Outcome<Done> Workbench::take(WidgetSpec spec, Unsaved unsaved) {
 }
 
 Outcome<Done> Workbench::save(bool inFront) {
-    if (conflict() == Conflict::changed)
-        return Failure{"this design was changed by another program since you began", Failure::Cause::request,
-                       conflictField};
     if (const auto kept = keep(); !kept) return kept;
+    WidgetSpec wanted = draft_;
     const auto saved = change([&](const std::vector<WidgetSpec>& specs) -> Outcome<Change> {
         const auto index = indexOf(draft_.id, specs);
-        // What happened between the last look and the lock.
-        if (index && base_ && !isSame(specs[*index], *base_) && !isSame(specs[*index], draft_))
-            return Failure{"this design was changed by another program since you began", Failure::Cause::request,
-                           conflictField};
-        auto change = index && !inFront ? Changes::replacing(specs, *index, draft_) : Changes::adding(specs, draft_);
+        if (index && base_) {
+            const auto both = merged(*base_, draft_, specs[*index]);
+            if (!both)
+                return Failure{"this design was changed by another program since you began", Failure::Cause::request,
+                               conflictField};
+            wanted = *both;
+        }
+        auto change = index && !inFront ? Changes::replacing(specs, *index, wanted) : Changes::adding(specs, wanted);
         if (change && isUnsaved()) change->accepted = draft_;
         return change;
     });
     if (!saved) return saved;
-    base_ = draft_;
-    ++revision_;
+    changeDraft(wanted);
+    base_ = std::move(wanted);
     return forgetPending();
 }
 
 void Workbench::keepMine() {
     const WidgetSpec* const now = base_ ? stored(base_->id) : nullptr;
     base_ = now ? std::optional(*now) : std::nullopt;
-    kept_.reset();
-    ++revision_;
+    isBaseKept_ = false;
+    changeDraft(draft_);
 }
 
 Outcome<Done> Workbench::takeTheirs() {
@@ -232,6 +229,7 @@ void Workbench::followPending() {
         if (const WidgetSpec* const now = stored(pending->id); !base && now) base = *now;
         open(*pending, std::move(base));
         kept_ = *pending;
+        isBaseKept_ = true;
     } else if (kept_ && pending.failure().isMissing()) {
         kept_.reset();
         openStored(draft_.id);
@@ -242,7 +240,8 @@ void Workbench::open(WidgetSpec spec, std::optional<WidgetSpec> base) {
     draft_ = std::move(spec);
     base_ = std::move(base);
     kept_.reset();
-    ++revision_;
+    isBaseKept_ = false;
+    revisions_.open();
 }
 
 void Workbench::openStored(const std::string& id) {
@@ -277,8 +276,9 @@ Outcome<Done> Workbench::forgetPending() {
     if (!lock) return lock.failure();
     const auto removed = StoreFiles::removePending(platform_);
     if (!removed && !removed.failure().isMissing()) return Failure{removed.failure().message()};
-    (void)platform_.files.remove(baseFile(platform_));
+    keepBase(std::nullopt, platform_);
     kept_.reset();
+    isBaseKept_ = false;
     return Done{};
 }
 

@@ -3,12 +3,12 @@
 // even after a crash. No pages and no pictures here.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "authoring/change.h"
+#include "designer/revisions.h"
 #include "designer/typed_fields.h"
 #include "model/widget_spec.h"
 #include "platform/foundation/function_ref.h"
@@ -40,12 +40,12 @@ public:
     /// Whether saving would change anything.
     bool isUnsaved() const;
     Conflict conflict() const;
-    /// One more with each change of the draft.
-    std::uint64_t revision() const { return revision_; }
+    const Revisions& revisions() const { return revisions_; }
     /// What `undo` would take back: removed "Active users" (6F1A).
     const std::optional<std::string>& undoable() const { return undoable_; }
 
-    /// Reads the files anew, and follows them where nothing typed would be lost.
+    /// Reads the files anew, and follows them where nothing typed would be lost: what a feed or a script changes in
+    /// other fields than those typed into joins the draft.
     void look();
 
     /// Changes the draft. The fields that can't be as they were typed stay as they were. `keep` makes it safe.
@@ -73,7 +73,9 @@ public:
 private:
     void readStore();
     void followPending();
+    void followStored();
     void open(WidgetSpec spec, std::optional<WidgetSpec> base);
+    void changeDraft(WidgetSpec changed);
     void openStored(const std::string& id);
     void openAny(std::size_t near);
     WidgetSpec blank() const;
@@ -88,8 +90,9 @@ private:
     WidgetSpec draft_;
     std::optional<WidgetSpec> base_;
     std::optional<WidgetSpec> kept_;  ///< the pending design, as far as this knows
+    bool isBaseKept_ = false;         ///< beside the pending design
     std::optional<std::string> undoable_;
-    std::uint64_t revision_ = 1;
+    Revisions revisions_;
 };
 
 }  // namespace orvel::designer

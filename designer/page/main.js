@@ -61,8 +61,11 @@ function show(next, answered) {
   document.title = `${draft.isUnsaved ? '• ' : ''}${draft.record.title || t('newDesign')} – Orvel`;
 }
 
+// What is being typed stays as it stands, when something else of the same design changes.
 async function refresh() {
-  show(await get(withScale('/api/state')));
+  const next = await get(withScale('/api/state'));
+  const isSameDesign = next.draft.record.id === state?.draft.record.id;
+  show(next, isSameDesign && next.draft.revision !== state.draft.revision ? [] : undefined);
 }
 
 function fail(error) {

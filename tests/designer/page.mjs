@@ -113,11 +113,14 @@ async function fieldsTakeWhatAPersonWrites(page) {
 
 async function anotherProgramChangesIt(page) {
   const id = pending().id;
+  const fields = () => stored().filter((spec) => spec.id === id).flatMap((spec) => [spec.title, spec.primary]);
   home.orvel('set', id, 'title=From a script');
+  await eventually('another field joins what is typed', 'From a script', () => page.getByLabel('Title').inputValue());
+  assert.equal(await page.getByLabel('Main text').inputValue(), '43');
+  home.orvel('set', id, 'primary=From a script');
   await press(page, 'Keep mine');
   await press(page, 'Save');
-  await eventually('mine is stored', ['Active users', '43'],
-    async () => stored().filter((spec) => spec.id === id).flatMap((spec) => [spec.title, spec.primary]));
+  await eventually('mine is stored', ['From a script', '43'], async () => fields());
   home.orvel('set', id, 'title=Shown at once');
   await eventually('what isn\'t edited follows', 'Shown at once', () => page.getByLabel('Title').inputValue());
 }
