@@ -2,10 +2,22 @@
 
 #include <poll.h>
 
+#include <cerrno>
 #include <utility>
 #include <vector>
 
 namespace orvel {
+namespace {
+
+constexpr int pauseMilliseconds = 1000;
+
+// The system may want memory, or the limit of descriptors may have been set below what is watched. Both pass, and
+// trying again at once would keep a processor busy until then.
+void pauseAfterFailure(int error) {
+    if (error != EINTR) ::poll(nullptr, 0, pauseMilliseconds);
+}
+
+}  // namespace
 
 struct EventLoop::Watch::Source {
     int descriptor;
@@ -52,7 +64,10 @@ void EventLoop::run() {
         descriptors.clear();
         for (const auto& source : sources)
             descriptors.push_back({source->watched ? source->descriptor : -1, POLLIN, 0});
-        if (::poll(descriptors.data(), descriptors.size(), -1) < 0) continue;  // interrupted by a signal
+        if (::poll(descriptors.data(), descriptors.size(), -1) < 0) {
+            pauseAfterFailure(errno);
+            continue;
+        }
         for (std::size_t i = 0; i < sources.size() && running_; ++i)
             if (descriptors[i].revents && sources[i]->watched) sources[i]->readable();
     }

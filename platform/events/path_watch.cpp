@@ -4,14 +4,16 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <deque>
 #include <optional>
 #include <system_error>
 #include <utility>
 
-#include "platform/foundation/descriptor.h"
+#include "platform/events/back_off.h"
 #include "platform/events/timer.h"
+#include "platform/foundation/descriptor.h"
 
 namespace orvel {
 namespace {
@@ -39,9 +41,13 @@ public:
         if (path.is_absolute() && walk(path)) watchDestination();
     }
 
+    /// False when the system had no room for a watch.
+    bool isComplete() const { return isComplete_; }
+
 private:
     void watch(const fs::path& path, std::uint32_t what) {
-        ::inotify_add_watch(inotify_, path.c_str(), what | IN_MASK_ADD);
+        if (::inotify_add_watch(inotify_, path.c_str(), what | IN_MASK_ADD) < 0 && (errno == ENOSPC || errno == ENOMEM))
+            isComplete_ = false;
     }
 
     /// False when the way ends before the path does.
@@ -99,6 +105,7 @@ private:
     }
 
     int inotify_;
+    bool isComplete_ = true;
     int linksLeft_ = 0;
     fs::path at_;
     std::deque<fs::path> ahead_;
@@ -110,17 +117,27 @@ class PathWatch::State {
 public:
     State(EventLoop& loop, std::vector<fs::path> paths, EventLoop::Handler changed)
         : loop_(loop), paths_(std::move(paths)), changed_(std::move(changed)), settled_(loop, [this] { report(); }) {
-        watchAll();
+        watchOrTryLater();
     }
 
 private:
-    void watchAll() {
+    /// False when one of the system's limits is reached. Without a new descriptor, the old watches stay.
+    bool watchAll() {
         Descriptor fresh(::inotify_init1(IN_CLOEXEC | IN_NONBLOCK));
-        if (!fresh) return;  // the system's limit is reached: the old watches stay
+        if (!fresh) return false;
         Route route(fresh.get());
         for (const fs::path& path : paths_) route.follow(path);
         watch_.emplace(loop_.watch(fresh.get(), [this] { drainEvents(); }));
         inotify_ = std::move(fresh);
+        return route.isComplete();
+    }
+
+    // What isn't watched may change at any time, so each attempt reports a change.
+    void watchOrTryLater() {
+        if (watchAll())
+            backOff_.reset();
+        else
+            settled_.set(backOff_.next());
     }
 
     void drainEvents() {
@@ -135,7 +152,7 @@ private:
 
     // The watches are renewed before anybody reads the files, so that no change is missed in between.
     void report() {
-        watchAll();
+        watchOrTryLater();
         changed_();
     }
 
@@ -143,6 +160,7 @@ private:
     std::vector<fs::path> paths_;
     EventLoop::Handler changed_;
     DelayTimer settled_;
+    BackOff backOff_;
     Clock::time_point began_;
     Descriptor inotify_;
     std::optional<EventLoop::Watch> watch_;

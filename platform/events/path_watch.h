@@ -13,7 +13,8 @@ namespace orvel {
 class PathWatch {
 public:
     /// `changed` is called once for a burst of changes: when nothing has happened for 20 ms, and no later than 200 ms
-    /// after the burst's beginning.
+    /// after the burst's beginning. Where the system has no watches left, it is called now and then, at last once a
+    /// minute.
     PathWatch(EventLoop& loop, std::vector<std::filesystem::path> paths, EventLoop::Handler changed);
     ~PathWatch();
 

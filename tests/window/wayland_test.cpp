@@ -38,10 +38,10 @@ protected:
                 }};
     }
 
-    /// Lets the surface live until that holds, on the compositor's thread, but no longer than two seconds.
+    /// Lets the surface live until that holds, on the compositor's thread, but not for ever.
     bool until(std::function<bool(FakeCompositor&)> holds) {
         bool held = false;
-        const auto end = std::chrono::steady_clock::now() + 2s;
+        const auto end = std::chrono::steady_clock::now() + 60s;
         DelayTimer again(loop, [&] {
             compositor->on([&] { held = holds(*compositor); });
             if (held || std::chrono::steady_clock::now() > end) return loop.stop();
