@@ -1,5 +1,6 @@
 #include "desktop/placed_cards.h"
 
+#include <map>
 #include <utility>
 
 #include "desktop/places.h"
@@ -75,9 +76,12 @@ void PlacedCards::build() {
     const Date now = platform_.clock.now();
     // A click on the card that invites to make a design opens the designer.
     const Place inviting{.click = "design"};
+    // A card is the same whichever others come and go; one design may have several.
+    std::map<std::string, int> cardsOfDesign;
     const auto add = [&](const Place& place, const WidgetSpec* design) {
         const WidgetEntry entry{now, design ? std::optional(*design) : std::nullopt};
-        cards_.push_back({std::to_string(cards_.size()) + ' ' + text(place.design),
+        const std::string reference = text(place.design);
+        cards_.push_back({std::to_string(++cardsOfDesign[reference]) + ' ' + reference,
                           OrvelWidget::content(entry, platform_), place.family, place.place,
                           clickAction(design ? place : inviting, design)});
     };

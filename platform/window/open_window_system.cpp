@@ -1,9 +1,26 @@
 #include "platform/window/open_window_system.h"
 
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <optional>
+#include <system_error>
+
+#include "platform/foundation/descriptor.h"
 #include "platform/window/wayland/window_system.h"
 #include "platform/window/x11/window_system.h"
 
 namespace orvel {
+namespace {
+
+// Why this process can't connect to anything, such as for want of descriptors; absent when it can.
+std::optional<NoDisplay> whyUnconnected() {
+    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (socket) return std::nullopt;
+    return NoDisplay{"can't connect to a display: " + std::generic_category().message(errno)};
+}
+
+}  // namespace
 
 Result<std::unique_ptr<WindowSystem>, NoDisplay> openWindowSystem(EventLoop& loop) {
     auto wayland = WaylandDisplay::connect();
@@ -13,6 +30,7 @@ Result<std::unique_ptr<WindowSystem>, NoDisplay> openWindowSystem(EventLoop& loo
             wayland ? "the Wayland compositor has no layer shell; the card is a window of its X server" : nullptr;
         return makeX11WindowSystem(std::move(x11), why, loop);
     }
+    if (auto why = whyUnconnected()) return *std::move(why);
     if (wayland && wayland->windowShell) return makeWaylandWindowSystem(std::move(wayland), loop);
     return NoDisplay{"there is no display: neither a Wayland compositor nor an X server answers"};
 }

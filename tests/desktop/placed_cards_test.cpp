@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "desktop/placed_cards.h"
 #include "desktop/places.h"
 #include "model/widget_store.h"
@@ -52,15 +54,41 @@ TEST_F(DesktopOfCards, ShowsThePlacedDesignsThatAreStored) {
     put(DesignPosition{1});
     put(std::string("B"));
     put(std::string("gone"));
-    machine.files.calls.clear();
     PlacedCards cards(choices, machine.platform);
     EXPECT_EQ(shown(cards), "x, FIRST;x, SECOND;");
-    EXPECT_EQ(reads(std::string(FakeMachine::storeFolder) + "widgets.json"), 1u) << "however many cards";
 
     WidgetStore::save({spec("gone", "back"), spec("A", "first")}, machine.platform);
     cards.reload();
     EXPECT_EQ(shown(cards), "x, BACK;x, BACK;") << "a position is whoever is there, an id the same one";
     EXPECT_TRUE(troubles.empty());
+}
+
+TEST_F(DesktopOfCards, ReadsEachFileOncePerChangeAndKeepsTheOtherCardsApart) {
+    std::vector<WidgetSpec> specs;
+    for (int i = 0; i < 20; ++i) specs.push_back(spec(std::to_string(i), "title"));
+    WidgetStore::save(specs, machine.platform);
+    for (int i = 0; i < 20; ++i) put(std::to_string(i));
+    put(std::string("7"));
+    PlacedCards cards(choices, machine.platform);
+    const auto keys = [&] {
+        std::vector<std::string> all;
+        for (const CardOnShow& card : cards.cards()) all.push_back(card.key);
+        return all;
+    };
+    std::vector<std::string> before = keys();
+    EXPECT_EQ(std::set(before.begin(), before.end()).size(), 21u) << "also of a design that has two places";
+
+    specs.erase(specs.begin() + 3);
+    WidgetStore::save(specs, machine.platform);
+    machine.files.calls.clear();
+    cards.reload();
+    before.erase(before.begin() + 3);
+    EXPECT_EQ(keys(), before) << "the cards behind the one that has left are the same as before";
+    EXPECT_EQ(reads(std::string(FakeMachine::storeFolder) + "widgets.json"), 1u);
+    EXPECT_EQ(reads(placesPath), 1u);
+    machine.files.calls.clear();
+    cards.look();
+    EXPECT_TRUE(machine.files.calls.empty()) << "a minute that passes reads nothing";
 }
 
 TEST_F(DesktopOfCards, KeepsWhatItHasWhileAFileCantBeReadAndSaysWhyOnce) {

@@ -1,7 +1,6 @@
 #include "platform/events/path_watch.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -10,6 +9,7 @@
 #include <thread>
 
 #include "platform/events/timer.h"
+#include "tests/support/no_free_descriptors.h"
 
 namespace orvel {
 namespace {
@@ -107,23 +107,6 @@ TEST_F(WatchedFolder, FollowsLinks) {
     EXPECT_TRUE(isTold([&] { write(root / "two/list"); })) << "a link to itself harms nobody";
 }
 
-/// As if the process had used up its descriptors.
-class NoFreeDescriptors {
-public:
-    NoFreeDescriptors() {
-        ::getrlimit(RLIMIT_NOFILE, &before_);
-        const int lowestFree = ::dup(0);
-        ::close(lowestFree);
-        const rlimit none{static_cast<rlim_t>(lowestFree), before_.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &none);
-    }
-    NoFreeDescriptors(const NoFreeDescriptors&) = delete;
-    ~NoFreeDescriptors() { ::setrlimit(RLIMIT_NOFILE, &before_); }
-
-private:
-    rlimit before_{};
-};
-
 TEST_F(WatchedFolder, IsWatchedAgainWhenTheSystemHadNoRoomForThat) {
     fs::create_directories(store);
     write(store / "list");
@@ -131,7 +114,7 @@ TEST_F(WatchedFolder, IsWatchedAgainWhenTheSystemHadNoRoomForThat) {
         write(root / "new");
         fs::rename(root / "new", store / "list");
     };
-    std::optional<NoFreeDescriptors> none;
+    std::optional<test::NoFreeDescriptors> none;
     int attempts = 0;
     bool isFollowed = false;
     DelayTimer giveUp(loop, [&] { loop.stop(); });

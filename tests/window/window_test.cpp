@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 
+#include "platform/window/open_window_system.h"
 #include "platform/window/surface/placement.h"
 #include "platform/window/x11/display.h"
 #include "platform/window/x11/shape.h"
+#include "tests/support/no_free_descriptors.h"
 
 namespace orvel {
 namespace {
@@ -17,6 +20,15 @@ TEST(Placement, LiesInTheAreaWithTheMarginToTheEdgesItIsAnchoredTo) {
     EXPECT_EQ(placed(box, area, {0, 0}, 24, 24), (PixelRect{515, 265, 170, 170})) << "no edge, no margin";
     EXPECT_EQ(intersection(area, {0, 0, 300, 100}), (PixelRect{100, 50, 200, 50}));
     EXPECT_EQ(intersection(area, {0, 0, 50, 50}).width, 0);
+}
+
+TEST(OpenWindowSystem, SaysWhyThereIsNone) {
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "XDG_RUNTIME_DIR"}) ::unsetenv(name);
+    EventLoop loop;
+    EXPECT_EQ(openWindowSystem(loop).failure().reason,
+              "there is no display: neither a Wayland compositor nor an X server answers");
+    const test::NoFreeDescriptors none;
+    EXPECT_EQ(openWindowSystem(loop).failure().reason, "can't connect to a display: Too many open files");
 }
 
 TEST(X11Monitors, TheNamedOneIsChosenElseThePrimaryElseTheFirst) {
