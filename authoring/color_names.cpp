@@ -17,8 +17,10 @@ std::string accentText(const std::string& text) {
 
 std::string nearColor(std::string_view text) {
     text = unicode::trimmingWhitespace(text);
-    if (const auto name = nearestWord(text, colorNames()))
-        return "; did you mean " + std::string(*name) + ", which is " + accentText(std::string(*name)) + "?";
+    if (const auto names = nearestWords(text, colorNames()); !names.empty()) {
+        const std::string name(names.front());
+        return "; did you mean " + name + ", which is " + accentText(name) + "?";
+    }
     // As other programs write them: "0x0A84FF", and with opacity behind, "#0A84FFCC".
     std::string_view digits = text;
     for (const std::string_view mark : {"#", "0x", "0X"})
