@@ -1,3 +1,4 @@
+#include "platform/foundation/text_list.h"
 #include "tools/documentation/command_outline.h"
 #include "tools/documentation/documentation.h"
 
@@ -146,23 +147,18 @@ constexpr const char* beforeFieldValues = R"(        return
 )";
 
 std::string assignment(const std::vector<const CommandOutline*>& commands) {
-    for (const auto* const command : commands)
-        for (const auto& positional : command->positionals) {
-            if (positional.values != Values::assignments) continue;
-            std::string names;
-            std::string values;
-            for (const auto& field : positional.fields) {
-                names += " " + field.name + "=";
-                const std::string words = joined(field.words, " ");
-                if (field.values == Values::words)
-                    values += arm({field.name}, "__orvel_propose_behind \"$prefix\" " + words, "        ");
-                if (field.values == Values::symbols)
-                    values += arm({field.name}, "__orvel_propose_symbols \"$prefix\"", "        ");
-            }
-            return beforeFields + ("        __orvel_propose" + names + "\n") + beforeFieldValues + values +
-                   "    esac\n}\n";
-        }
-    return {};
+    const auto fields = assignedFields(commands);
+    if (fields.empty()) return {};
+    std::string values;
+    for (const auto& field : fields) {
+        const std::string words = joined(field.words, " ");
+        if (field.values == Values::words)
+            values += arm({field.name}, "__orvel_propose_behind \"$prefix\" " + words, "        ");
+        if (field.values == Values::symbols)
+            values += arm({field.name}, "__orvel_propose_symbols \"$prefix\"", "        ");
+    }
+    return beforeFields + ("        __orvel_propose" + assignedNames(fields) + "\n") + beforeFieldValues + values +
+           "    esac\n}\n";
 }
 
 constexpr const char* walk = R"(

@@ -62,7 +62,7 @@ std::vector<FieldOutline> fields() {
     std::vector<FieldOutline> result;
     for (const FieldText& row : fieldTexts()) {
         FieldOutline field =
-            valueOf(row.field == WidgetField::kind ? orvel::joined(kindNames(), "|") : std::string(row.placeholder));
+            valueOf(row.field == WidgetField::kind ? joined(kindNames(), "|") : std::string(row.placeholder));
         field.name = row.name;
         result.push_back(std::move(field));
     }
@@ -135,10 +135,17 @@ std::vector<const CommandOutline*> everyCommand(const CommandOutline& command) {
     return commands;
 }
 
-std::string joined(const std::vector<std::string>& texts, const std::string& separator) {
-    std::string result;
-    for (const auto& text : texts) result += (&text == &texts.front() ? "" : separator) + text;
-    return result;
+std::vector<FieldOutline> assignedFields(const std::vector<const CommandOutline*>& commands) {
+    for (const CommandOutline* const command : commands)
+        for (const ArgumentOutline& positional : command->positionals)
+            if (positional.values == Values::assignments) return positional.fields;
+    return {};
+}
+
+std::string assignedNames(const std::vector<FieldOutline>& fields) {
+    std::string names;
+    for (const FieldOutline& field : fields) names += " " + field.name + "=";
+    return names;
 }
 
 }  // namespace orvel::tools

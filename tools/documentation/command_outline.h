@@ -48,6 +48,10 @@ CommandOutline outline(const CLI::App& app);
 /// The command and all below it, each before its subcommands. The pointers last as long as the outline.
 std::vector<const CommandOutline*> everyCommand(const CommandOutline& command);
 
-std::string joined(const std::vector<std::string>& texts, const std::string& separator);
+/// What can be assigned after the first command that takes assignments; empty if none does.
+std::vector<FieldOutline> assignedFields(const std::vector<const CommandOutline*>& commands);
+
+/// Their names as they are typed, each after a blank: " title= primary=".
+std::string assignedNames(const std::vector<FieldOutline>& fields);
 
 }  // namespace orvel::tools

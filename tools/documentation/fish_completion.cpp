@@ -1,3 +1,4 @@
+#include "platform/foundation/text_list.h"
 #include "tools/documentation/command_outline.h"
 #include "tools/documentation/documentation.h"
 
@@ -80,22 +81,17 @@ std::string arms(const std::vector<const CommandOutline*>& commands) {
 
 // A field and its value.
 std::string assignment(const std::vector<const CommandOutline*>& commands) {
-    for (const auto* const command : commands)
-        for (const auto& positional : command->positionals) {
-            if (positional.values != Values::assignments) continue;
-            std::string names;
-            std::string values;
-            for (const auto& field : positional.fields) {
-                names += " " + field.name + "=";
-                const std::string begin =
-                    "        case '" + field.name + "=*'\n            printf '" + field.name + "=%s\\n' ";
-                if (field.values == Values::symbols) values += begin + "(__orvel_symbols)\n";
-                if (field.values == Values::words) values += begin + joined(field.words, " ") + "\n";
-            }
-            return "\nfunction __orvel_assignment\n    switch (commandline -ct)\n" + values +
-                   "        case '*=*'\n        case '*'\n            printf '%s\\n'" + names + "\n    end\nend\n";
-        }
-    return {};
+    const auto fields = assignedFields(commands);
+    if (fields.empty()) return {};
+    std::string values;
+    for (const auto& field : fields) {
+        const std::string begin = "        case '" + field.name + "=*'\n            printf '" + field.name + "=%s\\n' ";
+        if (field.values == Values::symbols) values += begin + "(__orvel_symbols)\n";
+        if (field.values == Values::words) values += begin + joined(field.words, " ") + "\n";
+    }
+    return "\nfunction __orvel_assignment\n    switch (commandline -ct)\n" + values +
+           "        case '*=*'\n        case '*'\n            printf '%s\\n'" + assignedNames(fields) +
+           "\n    end\nend\n";
 }
 
 constexpr const char* walk = R"(# Completions of orvel for fish, made from the command's own description.

@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <span>
 
+#include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
 #include "tools/documentation/command_outline.h"
 #include "tools/documentation/documentation.h"

@@ -1,3 +1,4 @@
+#include "platform/foundation/text_list.h"
 #include "tools/documentation/command_outline.h"
 #include "tools/documentation/documentation.h"
 
@@ -88,23 +89,17 @@ std::string function(const CommandOutline& command) {
 
 // A field and its value.
 std::string assignment(const std::vector<const CommandOutline*>& commands) {
-    for (const auto* const command : commands)
-        for (const auto& positional : command->positionals) {
-            if (positional.values != Values::assignments) continue;
-            std::string names;
-            std::string values;
-            for (const auto& field : positional.fields) {
-                names += " " + field.name + "=";
-                const std::string begin = "    compset -P " + field.name + "= && { ";
-                if (field.values == Values::symbols) values += begin + "__orvel_symbols; return }\n";
-                if (field.values == Values::words)
-                    values +=
-                        begin + "_wanted values expl value compadd -- " + joined(field.words, " ") + "; return }\n";
-            }
-            return "__orvel_assignment() {\n" + values + "    compset -P '*=' && return 1\n" +
-                   "    _wanted fields expl field compadd -S '' --" + names + "\n}\n\n";
-        }
-    return {};
+    const auto fields = assignedFields(commands);
+    if (fields.empty()) return {};
+    std::string values;
+    for (const auto& field : fields) {
+        const std::string begin = "    compset -P " + field.name + "= && { ";
+        if (field.values == Values::symbols) values += begin + "__orvel_symbols; return }\n";
+        if (field.values == Values::words)
+            values += begin + "_wanted values expl value compadd -- " + joined(field.words, " ") + "; return }\n";
+    }
+    return "__orvel_assignment() {\n" + values + "    compset -P '*=' && return 1\n" +
+           "    _wanted fields expl field compadd -S '' --" + assignedNames(fields) + "\n}\n\n";
 }
 
 }  // namespace
