@@ -1,5 +1,6 @@
 #include "desktop/places_json.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -33,7 +34,7 @@ public:
         return value.elements([&](json::Value& element) { return decode(element, places.emplace_back()); });
     }
 
-    std::optional<Fault> fault;
+    std::optional<TextFault> fault;
 
 private:
     bool decode(json::Value& value, Place& place) {
@@ -44,7 +45,8 @@ private:
             hasDesign = hasDesign || name == "design";
             return take(name, member, place);
         });
-        if (isRead && !hasDesign) fault = Fault{"\"design\" is missing: an id, or a position such as \"@1\"", start};
+        if (isRead && !hasDesign)
+            fault = TextFault{"\"design\" is missing: an id, or a position such as \"@1\"", start};
         return isRead && hasDesign;
     }
 
@@ -103,9 +105,9 @@ private:
             });
             if (!isRead) return false;
         }
-        for (const double number : numbers)
-            if (!(number >= 0 && number <= largestMargin)) numbers.clear();
-        if (numbers.size() != 2) return fail("\"margin\" must be two numbers from 0 to 10000, such as [24,24]", offset);
+        const auto isMargin = [](double number) { return number >= 0 && number <= largestMargin; };
+        if (numbers.size() != 2 || !std::ranges::all_of(numbers, isMargin))
+            return fail("\"margin\" must be two numbers from 0 to 10000, such as [24,24]", offset);
         field = {numbers[0], numbers[1]};
         return true;
     }
@@ -123,7 +125,7 @@ private:
 
     bool fail(std::string reason, const json::Value& value) { return fail(std::move(reason), value.offset()); }
     bool fail(std::string reason, std::size_t offset) {
-        fault = Fault{std::move(reason), offset};
+        fault = TextFault{std::move(reason), offset};
         return false;
     }
 };
@@ -140,12 +142,12 @@ std::string outputWord(const OutputChoice& output) {
 
 }  // namespace
 
-Result<std::vector<Place>, Fault> decode(std::string text) {
+Result<std::vector<Place>, TextFault> decode(std::string text) {
     std::vector<Place> places;
     Decoder decoder;
     if (const auto syntax =
             json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, places); }))
-        return Fault{"not valid JSON: " + syntax->reason, syntax->position.offset};
+        return TextFault{"not valid JSON: " + syntax->reason, syntax->position.offset};
     if (decoder.fault) return *std::move(decoder.fault);
     return places;
 }

@@ -6,17 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "authoring/list_file.h"
 #include "desktop/place.h"
-#include "platform/foundation/result.h"
 
 namespace orvel::PlacesJSON {
 
-struct Fault {
-    std::string reason;  ///< one line without a full stop
-    std::size_t offset;  ///< where in the text, in bytes
-};
-
-Result<std::vector<Place>, Fault> decode(std::string text);
+Result<std::vector<Place>, TextFault> decode(std::string text);
 
 /// A place on each line, for people who read it.
 std::string encode(const std::vector<Place>& places);

@@ -2,17 +2,22 @@
 
 #include <algorithm>
 
-#include "authoring/keep_beside.h"
+#include "authoring/list_file.h"
 #include "feeds/feeds_json.h"
 #include "platform/foundation/nearest_word.h"
-#include "platform/foundation/text_position.h"
 #include "platform/foundation/unicode.h"
 
 namespace orvel {
 namespace {
 
-Failure unlike(const std::filesystem::path& file, const FileFailure& failure) {
-    return {file.string() + ": " + failure.message()};
+Outcome<std::string> encoded(const std::vector<Feed>& feeds) {
+    auto json = FeedsJSON::encode(feeds);
+    if (json) return *std::move(json);
+    return Failure{"the feed can't be written as JSON: a text isn't UTF-8", Failure::Cause::request};
+}
+
+ListFile<Feed> listFile(const Platform& platform) {
+    return {feedsFile(platform), FeedsJSON::decode, encoded, NewFile::ownerOnly};
 }
 
 }  // namespace
@@ -22,16 +27,7 @@ std::filesystem::path feedsFile(const Platform& platform) {
 }
 
 Outcome<std::vector<Feed>> readFeeds(const Platform& platform) {
-    const auto file = feedsFile(platform);
-    const auto bytes = platform.files.read(file);
-    if (!bytes) {
-        if (bytes.failure().code == std::errc::no_such_file_or_directory) return std::vector<Feed>();
-        return unlike(file, bytes.failure());
-    }
-    auto feeds = FeedsJSON::decode(*bytes);
-    if (feeds) return *std::move(feeds);
-    const auto& [reason, offset] = feeds.failure();
-    return Failure{file.string() + ":" + textPosition(*bytes, offset).text() + ": " + reason, Failure::Cause::content};
+    return listFile(platform).read(platform);
 }
 
 Outcome<Feed> findFeed(const std::vector<Feed>& feeds, const std::string& name) {
@@ -46,30 +42,7 @@ Outcome<Feed> findFeed(const std::vector<Feed>& feeds, const std::string& name) 
 
 Outcome<std::optional<std::string>> changeFeeds(const std::function<Outcome<Done>(std::vector<Feed>&)>& change,
                                                 const Platform& platform) {
-    const auto file = feedsFile(platform);
-    const auto folder = file.parent_path();
-    if (const auto made = platform.files.createFolders(folder); !made) return unlike(folder, made.failure());
-    const auto lock = platform.files.lock(folder);
-    if (!lock) return unlike(folder, lock.failure());
-
-    const auto read = readFeeds(platform);
-    if (!read && read.failure().cause != Failure::Cause::content) return read.failure();
-    std::vector<Feed> feeds = read ? *read : std::vector<Feed>();
-    if (const auto changed = change(feeds); !changed) return changed.failure();
-    if (read && feeds == *read) return std::optional<std::string>();
-
-    const auto json = FeedsJSON::encode(feeds);
-    if (!json) return Failure{"the feed can't be written as JSON: a text isn't UTF-8", Failure::Cause::request};
-    std::optional<std::string> notice;
-    if (!read) {
-        const auto kept = keepBeside(file, Kept::invalid, platform);
-        if (!kept) return kept.failure();
-        notice = read.failure().reason + "; kept as " + *kept;
-    }
-    const auto written = platform.files.replace(file, *json, NewFile::ownerOnly);
-    if (!written) return unlike(file, written.failure());
-    if (written->unsynced) return doneForNow(unlike(file, *written->unsynced).reason);
-    return notice;
+    return listFile(platform).change(change, platform);
 }
 
 }  // namespace orvel

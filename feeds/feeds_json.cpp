@@ -36,7 +36,7 @@ public:
         });
     }
 
-    std::optional<Fault> fault;
+    std::optional<TextFault> fault;
 
 private:
     bool decode(json::Value& value, Feed& feed) {
@@ -116,7 +116,7 @@ private:
     }
 
     bool fail(std::string reason, std::size_t offset) {
-        fault = Fault{std::move(reason), offset};
+        fault = TextFault{std::move(reason), offset};
         return false;
     }
 };
@@ -129,12 +129,12 @@ void writeWords(json::Writer& writer, const std::vector<std::string>& words) {
 
 }  // namespace
 
-Result<std::vector<Feed>, Fault> decode(std::string text) {
+Result<std::vector<Feed>, TextFault> decode(std::string text) {
     std::vector<Feed> feeds;
     Decoder decoder;
     if (const auto syntax =
             json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, feeds); }))
-        return Fault{"not valid JSON: " + syntax->reason, syntax->position.offset};
+        return TextFault{"not valid JSON: " + syntax->reason, syntax->position.offset};
     if (decoder.fault) return *std::move(decoder.fault);
     return feeds;
 }

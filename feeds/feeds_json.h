@@ -7,18 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "authoring/list_file.h"
 #include "feeds/feed.h"
-#include "platform/foundation/result.h"
 
 namespace orvel::FeedsJSON {
 
-struct Fault {
-    std::string reason;  ///< one line without a full stop
-    std::size_t offset;  ///< where in the text, in bytes
-};
-
 /// Two feeds of one name are a fault.
-Result<std::vector<Feed>, Fault> decode(std::string text);
+Result<std::vector<Feed>, TextFault> decode(std::string text);
 
 /// A feed on each line, for people who read it. Absent when a text isn't UTF-8.
 std::optional<std::string> encode(const std::vector<Feed>& feeds);
