@@ -8,10 +8,10 @@
 #include "authoring/field_texts.h"
 #include "authoring/number_text.h"
 #include "format/hex_color.h"
+#include "model/widget_fields.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/unicode.h"
 #include "views/card_color.h"
-#include "views/kind_face.h"
 
 namespace orvel {
 namespace {

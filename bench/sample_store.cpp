@@ -9,7 +9,6 @@
 #include "model/widget_spec.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/json_writer.h"
-#include "views/kind_face.h"
 
 namespace orvel::bench {
 namespace {

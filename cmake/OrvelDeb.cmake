@@ -31,8 +31,8 @@ set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 string(CONCAT CPACK_COMPONENT_PROGRAM_DESCRIPTION
   "small designed cards on the desktop\n"
-  "Turns a small saved design, such as a number, a ring, a short list, a note or\n"
-  "a countdown, into a card on the desktop, on Wayland and X11.\n"
+  "Turns small saved designs, such as a number to follow or the days left until\n"
+  "a date, into cards on the desktop, on Wayland and X11.\n"
   "\n"
   "The orvel command keeps the designs, draws them into pictures, and prints them\n"
   "as words for status bars.")

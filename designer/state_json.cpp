@@ -6,11 +6,11 @@
 #include "authoring/contrast.h"
 #include "authoring/warnings.h"
 #include "format/hex_color.h"
+#include "model/widget_fields.h"
 #include "model/widget_spec_json.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
 #include "views/card_color.h"
-#include "views/kind_face.h"
 
 namespace orvel::designer {
 namespace {
@@ -21,7 +21,7 @@ void writeDesigns(json::Writer& writer, const Workbench& workbench, const CardPi
     for (const WidgetSpec& spec : workbench.designs()) {
         writer.beginObject().key("id").string(spec.id);
         writer.key("title").string(unicode::onOneLine(unicode::prefix(spec.title, longestTitle)));
-        writer.key("kind").string(rawValue(spec.kind));
+        writer.key("followsClock").boolean(shows(spec.kind, WidgetField::targetISO8601));
         writer.key("words").string(pictures.words(spec));
         writer.key("version").string(version(spec)).endObject();
     }
@@ -62,7 +62,7 @@ void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPict
     writer.key("record");
     WidgetSpecJSON::write(writer, draft);
     writer.key("shows").beginArray();
-    for (const WidgetField field : face(draft.kind).shows) writer.string(name(field));
+    for (const WidgetField field : shownFields(draft.kind)) writer.string(name(field));
     writer.endArray();
     writeAccent(writer, draft);
     writer.key("warnings").beginArray();

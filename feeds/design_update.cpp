@@ -6,9 +6,9 @@
 #include "authoring/references.h"
 #include "feeds/feeds.h"
 #include "feeds/held_line.h"
+#include "model/widget_kind.h"
 #include "platform/foundation/function_ref.h"
 #include "platform/foundation/unicode.h"
-#include "views/kind_face.h"
 
 namespace orvel {
 namespace {

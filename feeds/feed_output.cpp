@@ -4,10 +4,10 @@
 #include <string_view>
 
 #include "authoring/number_text.h"
+#include "model/widget_fields.h"
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
-#include "views/kind_face.h"
 
 namespace orvel {
 namespace {
@@ -139,12 +139,16 @@ Assignment mainTextOf(WidgetKind kind, const std::string& text) {
 }
 
 WidgetKind likelyKind(const FeedOutput& output) {
-    using enum WidgetKind;
-    if (output.mainText) return output.mainText->ends_with('%') && portionText(*output.mainText) ? progress : metric;
-    const FeedOutput given{.assignments = output.assignments};
-    if (given.names(WidgetField::items)) return list;
-    if (given.names(WidgetField::targetISO8601)) return countdown;
-    return given.names(WidgetField::progress) && !given.names(WidgetField::primary) ? progress : metric;
+    FeedOutput given{.assignments = output.assignments};
+    if (const auto& text = output.mainText) {
+        const bool isPortion = text->ends_with('%') && portionText(*text);
+        given.assignments.push_back(
+            {std::string(name(isPortion ? WidgetField::progress : WidgetField::primary)), *text});
+    }
+    const auto isNamed = [&](WidgetField field) { return given.names(field); };
+    return *std::ranges::max_element(allWidgetKinds, {}, [&](WidgetKind kind) {
+        return std::pair(isNamed(mainField(kind)), std::ranges::count_if(shownFields(kind), isNamed));
+    });
 }
 
 }  // namespace orvel

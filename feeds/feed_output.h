@@ -27,7 +27,8 @@ Outcome<FeedOutput> readOutput(const std::string& text);
 /// What the main text of that kind's card is written into: a ring shows a portion, a list its row, and so on.
 Assignment mainTextOf(WidgetKind kind, const std::string& text);
 
-/// The kind of a new design of which the output doesn't say it: by the fields that it names.
+/// The kind of a new design of which the output doesn't say it: one whose main field it names, and of those the one
+/// that shows most of what it names; the first of equally good ones.
 WidgetKind likelyKind(const FeedOutput& output);
 
 }  // namespace orvel

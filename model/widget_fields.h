@@ -12,20 +12,6 @@
 
 namespace orvel {
 
-enum class WidgetField {
-    id,
-    title,
-    kind,
-    accentHex,
-    symbol,
-    primary,
-    secondary,
-    items,
-    progress,
-    targetISO8601,
-    createdAt,
-};
-
 /// What the constructor does when its caller leaves the field out.
 enum class WhenLeftOut { refuse, fillIn, leaveAbsent };
 

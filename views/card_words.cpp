@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "format/countdown_math.h"
-#include "views/kind_face.h"
+#include "model/widget_fields.h"
 
 namespace orvel {
 namespace {

@@ -6,7 +6,6 @@
 #include "format/hex_color.h"
 #include "platform/foundation/unicode.h"
 #include "views/card_words.h"
-#include "views/kind_face.h"
 
 namespace orvel {
 namespace {
@@ -116,10 +115,12 @@ View listLayout(const WidgetSpec& spec, const CardWords& words) {
 
 View WidgetSpecView::body(const Platform& platform) const {
     const CardWords words = cardWords(spec_, platform);
-    switch (face(spec_.kind).layout) {
-        case CardLayout::value: return valueLayout(spec_, words);
-        case CardLayout::ring: return progressLayout(spec_, words);
-        case CardLayout::rows: return listLayout(spec_, words);
+    switch (spec_.kind) {
+        case WidgetKind::metric:
+        case WidgetKind::note:
+        case WidgetKind::countdown: return valueLayout(spec_, words);
+        case WidgetKind::progress: return progressLayout(spec_, words);
+        case WidgetKind::list: return listLayout(spec_, words);
     }
     return valueLayout(spec_, words);
 }

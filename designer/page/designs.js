@@ -15,7 +15,7 @@ export const titleOf = (design) => design.title || t('untitled');
 
 // A stored design's picture, as an address.
 export function pictureOf(design, family) {
-  const time = design.kind === 'countdown' ? `&at=${minute}` : '';
+  const time = design.followsClock ? `&at=${minute}` : '';
   return withScale(`/api/stored?version=${design.version}&family=${family}${time}`);
 }
 
@@ -64,7 +64,7 @@ export function showDesigns(designs, editedId) {
 export function refreshCountdowns() {
   ++minute;
   [...list.querySelectorAll('img')].forEach((picture, index) => {
-    if (shown[index].kind === 'countdown') picture.src = pictureOf(shown[index], 'small');
+    if (shown[index].followsClock) picture.src = pictureOf(shown[index], 'small');
   });
 }
 

@@ -195,7 +195,7 @@ export function showDraft(draft, answered, refusals) {
   for (const { field, text } of refusals) refused.set(field, said({ text, name: refusedAs[field] }));
   for (const block of blocks) block.hidden = !draft.shows.includes(block.dataset.field);
   showFields(draft.record);
-  if (draft.record.kind === 'countdown') showCountdown(draft.record.targetISO8601 ?? '').catch(() => {});
+  if (draft.shows.includes('targetISO8601')) showCountdown(draft.record.targetISO8601 ?? '').catch(() => {});
   showAccent(draft);
   showKept(draft);
   showNotes(draft.warnings);

@@ -24,6 +24,18 @@ export const kinds = {
   },
 };
 
+const narrowest = 4.6;  // rem, of a choice
+const gap = 0.5;
+
+// As many columns as there is room for, but in rows of equal length: six choices stand as three and three, not as five
+// and one.
+function balance(element) {
+  const rem = parseFloat(getComputedStyle(document.documentElement).fontSize);
+  const fitting = Math.max(Math.floor((element.clientWidth / rem + gap) / (narrowest + gap)), 1);
+  const rows = Math.ceil(element.childElementCount / fitting);
+  element.style.setProperty('--columns', Math.ceil(element.childElementCount / rows));
+}
+
 // One radio button for each, in this order; `inLanguage` chooses among the names.
 export function offerKinds(element, inLanguage) {
   for (const [kind, { names, drawing }] of Object.entries(kinds)) {
@@ -33,4 +45,5 @@ export function offerKinds(element, inLanguage) {
     label.querySelector('span').textContent = inLanguage(names);
     element.append(label);
   }
+  new ResizeObserver(() => balance(element)).observe(element);
 }

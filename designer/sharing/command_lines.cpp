@@ -8,7 +8,6 @@
 #include "authoring/new_design.h"
 #include "model/widget_fields.h"
 #include "model/widget_spec_json.h"
-#include "views/kind_face.h"
 
 namespace orvel::designer {
 namespace {

@@ -3,6 +3,7 @@
 #include "designer/sharing/command_lines.h"
 #include "designer/sharing/pasted_design.h"
 #include "model/widget_spec_json.h"
+#include "platform/foundation/text_list.h"
 #include "tests/support/fakes.h"
 
 namespace orvel::designer {
@@ -39,7 +40,7 @@ TEST_F(SharedDesign, SaysHowAScriptUpdatesItsMainField) {
 TEST_F(SharedDesign, IsPastedAsARecordOrAListOfOne) {
     const struct {
         const char* json;
-        const char* expected;  ///< the title, or the failure and its field
+        std::string expected;  ///< the title, or the failure and its field
         const char* why;
     } rows[] = {
         {R"({"title":"T","kind":"note"})", "T", "a record"},
@@ -47,7 +48,7 @@ TEST_F(SharedDesign, IsPastedAsARecordOrAListOfOne) {
         {R"([])", "a list of 0 designs; one is wanted ()", "none"},
         {R"([{"title":"T","kind":"note"},{}])", "a list of 2 designs; one is wanted ()", "which?"},
         {"[\n{\"title\":1,\"kind\":\"note\"}]", "2:10: \"title\" is a number; a string is wanted (title)", "where"},
-        {R"({"title":"T","kind":"photo"})", R"(1:21: "kind" must be metric, progress, list, note or countdown (kind))",
+        {R"({"title":"T","kind":"photo"})", "1:21: \"kind\" must be " + alternatives(kindNames()) + " (kind)",
          "a wrong value"},
         {"", "", "nothing"},
         {"[1]", "", "a list of something else"},
@@ -57,7 +58,7 @@ TEST_F(SharedDesign, IsPastedAsARecordOrAListOfOne) {
         const auto pasted = pastedDesign(json, machine.platform);
         const std::string seen =
             pasted ? pasted->spec.title : pasted.failure().reason + " (" + pasted.failure().field + ")";
-        if (*expected)
+        if (!expected.empty())
             EXPECT_EQ(seen, expected) << why;
         else
             EXPECT_FALSE(pasted) << why;

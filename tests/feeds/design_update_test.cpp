@@ -99,6 +99,9 @@ TEST_F(FeedOf, UnderstandsWhatCommandsPrint) {
         {"{\"progress\": 0.5, \"primary\": null}", WidgetKind::progress, {}, 0.5},
         {"item=a, b\nitem=c", WidgetKind::list, {}, {}, {"a, b", "c"}},
         {"{\"items\": [\"a\", 2]}", WidgetKind::list, {}, {}, {"a", "2"}},
+        {"item=a\nsymbol=flag\nsecondary=s", WidgetKind::list, {}, {}, {"a"}},
+        {"target=2031-05-14\nsecondary=s", WidgetKind::countdown, {}, {}},
+        {"primary=42\nsecondary=s\nprogress=0.5", WidgetKind::metric, "42", 0.5},
         {"kind=note\nprimary==x=\n", WidgetKind::note, "=x=", {}},
     };
     for (const Row& row : rows) {

@@ -55,13 +55,8 @@ TEST_F(Command, GalleryShowsEveryKindInBothSizesTheSameEveryDay) {
         for (auto at = svg.find(part); at != svg.npos; at = svg.find(part, at + 1)) ++found;
         return found;
     };
-    // The cards, and what has each design's accent: symbols, the ring's arc, and a list's bullets.
     constexpr int cards = 2 * (static_cast<int>(WidgetSpec::allCases.size()) + 1);
-    const std::pair<const char*, int> fills[] = {
-        {"8.627451%,8.627451%,9.803922%", cards}, {"3.921569%,51.764706%,100%", 2},
-        {"18.823529%,81.960784%,34.509804%", 4},  {"100%,62.352941%,3.921569%", 10},
-        {"100%,83.921569%,3.921569%", 2},         {"100%,21.568627%,37.254902%", 2}};
-    for (const auto& [color, times] : fills) EXPECT_EQ(count(std::string("rgb(") + color), times) << color;
+    EXPECT_EQ(count("rgb(8.627451%,8.627451%,9.803922%)"), cards) << "a background each";
     EXPECT_NE(files["gallery.pdf"].find("(20260101090000Z)"), std::string::npos) << "its own moment";
 }
 

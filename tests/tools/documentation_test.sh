@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The manual page and the completions against the program's own --help: nothing is missing, nothing is made up. Every
-# shell that is there completes for real. And the picture in the README shows every kind of card.
+# shell that is there completes for real. And the picture in the README is the gallery.
 # Usage: documentation_test.sh BUILD_FOLDER
 set -euo pipefail
 
@@ -38,11 +38,16 @@ PATH=$work/bin:$PATH
 cd "$work"
 touch card.json
 
-# --- The gallery's picture in the README: as large as the gallery is now, so with as many kinds (the size stands in a
-# PNG's first 24 bytes)
+# --- The gallery's picture in the README: as the gallery is now. Edges of letters may differ a little from one build to
+# another, and from one version of the fonts to another a lot.
 "$build/orvel" gallery -o gallery.png
-cmp -n 24 gallery.png "$here/../../docs/gallery.png" ||
-    fail "docs/gallery.png isn't the gallery; make it with: orvel gallery -o docs/gallery.png"
+if ! grep -qs '^VERSION_CODENAME=bookworm$' /etc/os-release; then
+    echo "skipped: docs/gallery.png was drawn with the fonts of Debian 12"
+elif has compare; then
+    differing=$(compare -metric AE -fuzz 10% gallery.png "$here/../../docs/gallery.png" null: 2>&1 || true)
+    [ "$differing" -le 20 ] 2> /dev/null ||
+        fail "docs/gallery.png isn't the gallery ($differing pixels); make it with: orvel gallery -o docs/gallery.png"
+fi
 
 # --- The manual pages
 for page in orvel.1 orvel.5; do

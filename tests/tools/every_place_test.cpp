@@ -7,10 +7,10 @@
 #include <iterator>
 #include <sstream>
 
+#include "model/widget_fields.h"
 #include "platform/foundation/text_list.h"
 #include "tools/app.h"
 #include "tools/documentation/command_outline.h"
-#include "views/kind_face.h"
 
 namespace orvel::tools {
 namespace {
@@ -20,12 +20,6 @@ using Names = std::vector<std::string>;
 Names kinds() {
     constexpr auto names = kindNames();
     return {names.begin(), names.end()};
-}
-
-std::string listOfKinds() {
-    Names quoted;
-    for (const std::string& kind : kinds()) quoted.push_back('`' + kind + '`');
-    return alternatives(quoted);
 }
 
 template <class IsWanted>
@@ -64,7 +58,6 @@ TEST(EveryPlace, NamesEveryKindFieldAndCommand) {
         Names names;
         const char* after;
     } places[] = {
-        {"docs/store.md", "| `kind` | string, required | ", {listOfKinds()}, " |"},
         {"designer/page/kinds.js", "\n  ", kinds(), ": {"},
         {"tests/views/views_test.cpp", "Kind::", kinds(), ""},
         {"docs/store.md", "| `", fields([](WidgetField) { return true; }), "` |"},

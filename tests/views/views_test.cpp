@@ -2,11 +2,11 @@
 
 #include <cmath>
 
+#include "model/widget_fields.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/ui/inspection.h"
 #include "tests/support/fakes.h"
 #include "views/entry_view.h"
-#include "views/kind_face.h"
 
 namespace orvel {
 namespace {

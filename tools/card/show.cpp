@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/widget_kind.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/markup.h"
 #include "platform/foundation/unicode.h"
@@ -10,7 +11,6 @@
 #include "tools/core/input_output.h"
 #include "views/card_text.h"
 #include "views/card_words.h"
-#include "views/kind_face.h"
 
 namespace orvel::tools {
 namespace {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "model/widget_fields.h"
 #include "platform/foundation/text_list.h"
 #include "tools/core/shared_options.h"
 #include "tools/store/check.h"
@@ -11,7 +12,6 @@
 #include "tools/store/operations.h"
 #include "tools/store/pending.h"
 #include "tools/store/restore.h"
-#include "views/kind_face.h"
 
 namespace orvel::tools {
 namespace {
