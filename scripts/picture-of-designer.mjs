@@ -1,6 +1,6 @@
 #!/usr/bin/env node
-// Makes the pictures of docs/designer.md anew, from a build: scripts/picture-of-designer.mjs [BUILD_FOLDER]
-// Monitors are those of the session that it runs in.
+// Takes the pictures of docs/designer.md again, from a build: scripts/picture-of-designer.mjs [BUILD_FOLDER]
+// The monitors are those of the session that it runs in.
 import { fileURLToPath } from 'node:url';
 import { Home, openBrowser } from '../tests/designer/designer.mjs';
 

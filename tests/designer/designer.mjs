@@ -1,4 +1,4 @@
-// A designer on a home of its own, for the tests of its page and for the pictures of its document.
+// A designer with a home of its own, for the tests of its page and for the pictures in docs/designer.md.
 import { execFileSync, spawn } from 'node:child_process';
 import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'node:fs';
 import { tmpdir, userInfo } from 'node:os';
@@ -29,7 +29,7 @@ export class Home {
     return execFileSync(join(this.build, 'orvel'), words, { env: this.environment, maxBuffer: 1 << 26 });
   }
 
-  // A file of that content; its path.
+  // Writes a file with that content; returns its path.
   file(name, content) {
     writeFileSync(join(this.folder, name), content);
     return join(this.folder, name);
@@ -39,7 +39,7 @@ export class Home {
     return readFileSync(join(this.store, name), 'utf8');
   }
 
-  // Starts `orvel design`; `address` and `ended` tell of it.
+  // Starts `orvel design`. `address` is its page's, `ended` a promise of its exit status.
   async design(...words) {
     const child = spawn(join(this.build, 'orvel'), ['design', '--no-browser', ...words],
       { env: this.environment, stdio: ['ignore', 'pipe', 'inherit'] });

@@ -4,7 +4,7 @@ import assert from 'node:assert/strict';
 export const byRole = (page, role, name) => page.getByRole(role, { name, exact: true });
 export const press = (page, name) => byRole(page, 'button', name).click();
 
-// Waits until `ask` answers what is expected, as long as a busy machine may take.
+// Waits until `ask` returns what is expected, for as long as a busy machine may take.
 export async function eventually(what, expected, ask) {
   let seen;
   for (const end = Date.now() + 20000; Date.now() < end;) {
@@ -15,7 +15,7 @@ export async function eventually(what, expected, ask) {
   assert.deepEqual(seen, expected, what);
 }
 
-// By Tab alone, to the control with that text, name or id.
+// Presses Tab until the control with that text, name or id has the focus.
 export async function tabTo(page, name, key = 'Tab') {
   for (let i = 0; i < 120; ++i) {
     await page.keyboard.press(key);

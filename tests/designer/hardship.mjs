@@ -36,7 +36,7 @@ async function aScriptWritesAllTheTime() {
     async () => (await design(page, theirs).getAttribute('aria-description')).includes(String(changes)));
   assert.equal(await page.locator('#notices').innerText(), '');
 
-  // The same design: asked once, and nothing of mine is lost meanwhile.
+  // The same design: the page asks once, and keeps what was typed meanwhile.
   await titleField(page).fill('Mine again');
   await eventually('it is pending', 'Mine again', async () => pending()?.title);
   for (let i = 0; i < 10; ++i) home.orvel('set', mine, `primary=${i}`);
@@ -83,7 +83,7 @@ async function hostileTextsAreTexts() {
     const record = { kind: 'list', title: text, items: [text.slice(0, 1000), 'short'], accentHex: text.slice(0, 100), symbol: text.slice(0, 100) };
     const id = home.orvel('add', '--json', home.file('hostile.json', JSON.stringify(record))).toString().trim();
     await design(page, id).click();
-    // A field of one line has no line breaks, as every browser's.
+    // As in every browser, a field of one line has no line breaks.
     const shown = text.replace(/[\n\r]/g, '');
     await eventually(`${what}: in its field`, [shown.length, true],
       async () => page.evaluate((all) => [document.getElementById('title').value.length, document.getElementById('title').value === all], shown));
@@ -94,7 +94,7 @@ async function hostileTextsAreTexts() {
       async () => { const [front] = stored(); return front.title === text && front.items[0] === text.slice(0, 1000) && front.items[1] === 'changed'; });
     home.orvel('remove', id);
   }
-  // More than the server takes is refused by a sentence.
+  // A text larger than the server takes is refused with a sentence.
   await press(page, 'Share');
   await page.getByLabel('A design as JSON').fill(`{"kind":"note","title":"${'x'.repeat(3 << 20)}"}`);
   await press(page, 'Edit this design');

@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A client of the server in the same thread: what it does waits for nothing, and the loop runs in between.
+// A client on the same thread as the server. Its calls never block; the event loop runs between them.
 class Client {
 public:
     explicit Client(std::uint16_t port) : socket_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -26,12 +26,12 @@ public:
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         EXPECT_EQ(::connect(socket_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     }
-    /// How much of it the system takes now.
+    /// Sends as much as the system takes now; returns how much that is.
     std::size_t send(std::string_view text) {
         const ssize_t count = ::send(socket_.get(), text.data(), text.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
         return count > 0 ? static_cast<std::size_t>(count) : 0;
     }
-    /// All that has come until now.
+    /// Everything received so far.
     const std::string& received() {
         char bytes[16 << 10];
         ssize_t count = 0;
@@ -76,7 +76,7 @@ protected:
 
     Client client() { return Client(server->port()); }
 
-    /// Runs the loop until that is so; false when it isn't within a minute.
+    /// Runs the loop until the condition holds; false when it doesn't within a minute.
     template <class Condition>
     bool eventually(Condition isSo) {
         const auto end = std::chrono::steady_clock::now() + 60s;

@@ -1,5 +1,5 @@
-// How the page stands in each language, light and dark, at every width: nothing sticks out, axe finds nothing, and what
-// is seen is in that language.
+// The page in each language, light and dark, at every width: nothing sticks out, axe finds nothing, and all texts are in
+// that language.
 // Usage: looks.mjs BUILD_FOLDER
 import assert from 'node:assert/strict';
 import { createRequire } from 'node:module';
@@ -40,7 +40,7 @@ async function axeFinds(page) {
   return violations.flatMap(({ id, nodes }) => nodes.map(({ target, failureSummary }) => `${id}: ${target}: ${failureSummary}`));
 }
 
-// What reaches beyond the window's sides.
+// The elements that reach beyond the left or right edge of the window.
 const sticksOut = (page) => page.evaluate(() => {
   const width = document.documentElement.clientWidth;
   return [...document.querySelectorAll('body *')]
@@ -77,7 +77,7 @@ async function speaks(language) {
   await page.goto(designer.address);
   await byRole(page, 'button', words.save).waitFor();
   assert.deepEqual(await page.evaluate(() => [document.documentElement.lang, document.documentElement.dir]), [language, words.direction]);
-  // So do the warnings.
+  // The warnings are in that language, too.
   if (language !== 'en') {
     const first = (text) => text.split(/\{\d\}/)[0].trim();
     await page.locator('#new').click();
@@ -89,14 +89,14 @@ async function speaks(language) {
     await page.getByText(words.refusedTarget).waitFor();
     home.orvel('pending', 'clear');
   }
-  // Arrow keys go where they point.
+  // Arrow keys move in the direction in which they point.
   await page.locator('#symbol').click();
   await page.locator('#symbol-1').waitFor();
   await page.keyboard.press('ArrowDown');
   await page.keyboard.press(words.direction === 'rtl' ? 'ArrowLeft' : 'ArrowRight');
   await page.locator('#symbol-1[aria-selected=true]').waitFor();
   await page.keyboard.press('Escape');
-  // Another one, by its own name, stays chosen.
+  // A language chosen by its own name stays chosen.
   await page.getByLabel(words.language, { exact: true }).selectOption({ label: language === 'ja' ? 'Deutsch' : '日本語' });
   const other = (await import(new URL(language === 'ja' ? 'de.js' : 'ja.js', languages))).default;
   await byRole(page, 'button', other.save).waitFor();

@@ -87,7 +87,7 @@ async function whatWasTypedIsKept(page) {
   await eventually('it is pending', '43', async () => pending()?.primary);
   await page.reload();
   await eventually('a reload shows it', '43', () => page.getByLabel('Main text').inputValue());
-  // Leaving it asks, and can be taken back.
+  // Going to another design asks first, and the answer can be to stay.
   await page.getByRole('list', { name: 'Designs' }).getByRole('button', { name: 'Groceries' }).click();
   await press(page, 'Keep editing');
   assert.equal(await page.getByLabel('Main text').inputValue(), '43');

@@ -30,7 +30,7 @@ export async function placing(page, { home, places, stored }) {
   const expected = { design: id, family: 'medium', anchor: 'bottom-left', margin: [7, 24], output: 'all', layer: 'top' };
   await eventually('all is in the places file, but what can\'t be', [expected], async () => places());
 
-  // Another program's places show, and what the page doesn't show stays.
+  // Places that another program writes are shown, and what the page has no field for is kept.
   home.orvel('place', '@2', '--click', 'design', '--output', 'DP-7');
   const second = dialog(page).getByRole('listitem').nth(1);
   await second.getByText('DP-7 (not connected)').waitFor();

@@ -138,7 +138,7 @@ for what, data, status in [
 ]:
     check(what, raw(data)[9:12], status)
 
-# Texts are data, and a field that can't be is refused by its name.
+# Texts are taken as data, and a field with a wrong value is refused by name.
 state = json.loads(ask("GET", f"{folder}/api/state", ours)[1])
 typed = json.loads(ask("POST", f"{folder}/api/type", page, json.dumps(
     {"revision": state["draft"]["revision"], "fields": {"title": "</script>", "progress": "much", "items": ["a", "b"]}}))[1])
@@ -154,7 +154,7 @@ with socket.create_connection(("127.0.0.1", port), timeout=PATIENCE) as client:
         client.sendall(flood)
     check("a gigabyte", client.recv(1000)[9:12], b"413")
 
-# More clients than are served: the ones that say nothing for longest go, and a page is still answered.
+# More clients than the limit: those that have been silent for longest are dropped, and a page is still answered.
 resource.setrlimit(resource.RLIMIT_NOFILE, (min(4096, resource.getrlimit(resource.RLIMIT_NOFILE)[1]),) * 2)
 crowd = [socket.create_connection(("127.0.0.1", port), timeout=PATIENCE) for _ in range(1000)]
 check("among a thousand connections", ask("GET", f"{folder}/api/state", ours)[0], 200)
@@ -162,7 +162,7 @@ check("the longest silent one", crowd[0].recv(1), b"")
 for client in crowd:
     client.close()
 
-# A browser gets an address that is good once: command lines can be read by everyone.
+# A browser gets an address that works once, since everyone can read command lines.
 subprocess.run([f"{build}/orvel", "design"], env={**environment, "DISPLAY": ":nowhere"}, check=True, timeout=PATIENCE)
 once = ""
 until = time.monotonic() + PATIENCE

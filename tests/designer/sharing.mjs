@@ -1,4 +1,4 @@
-// Designs taken along: the command line run by shells, the JSON back again, and what is refused.
+// Sharing designs: the command line is run by shells, the JSON is pasted back, and what is wrong is refused.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
 import { byRole, eventually, press } from './driver.mjs';
@@ -43,7 +43,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
     await press(page, 'Close');
   }
 
-  // What a script would say.
+  // The lines for a script.
   home.orvel('add', '--kind', 'metric', '--title', 'Load', '--primary', '1');
   await eventually('the page shows it', stored()[0].id, () => front.getAttribute('data-id'));
   await front.click();
@@ -66,7 +66,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
   for (const said of ['did you mean 38%', '"colour"']) await page.locator('#form').getByText(said).waitFor();
   assert.equal(await page.getByLabel('Title', { exact: true }).inputValue(), '<i>pasted</i>');
 
-  // One that is stored is edited.
+  // A design that is stored is edited.
   await press(page, 'Share');
   await paste(JSON.stringify({ ...stored()[0], primary: 'by hand' }));
   await press(page, 'Discard');

@@ -13,11 +13,11 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
 
 
 class Failed(Exception):
-    """What was wanted and isn't so."""
+    """An expectation that doesn't hold."""
 
 
 def patiently(wanted, seconds=60, what="it"):
-    """The first truth that it answers; never for ever."""
+    """Calls it until its result is true, and returns that; gives up after a generous time."""
     end = time.monotonic() + seconds
     while True:
         found = wanted()
@@ -33,7 +33,8 @@ def build_folder():
 
 
 def as_another_user(script, arguments):
-    """Compositors don't run as root, and nothing is unreadable to it: a user does all, with copies that it can read."""
+    """Runs the script as an ordinary user, with copies that it can read: compositors don't run as root, and root can
+    read everything."""
     user = "orvel-test"
     if subprocess.run(["id", user], capture_output=True).returncode:
         subprocess.run(["useradd", "--create-home", user], check=True)
@@ -49,7 +50,7 @@ def as_another_user(script, arguments):
 
 
 class Picture:
-    """The pixels of an output: a PPM file's."""
+    """The pixels of an output, from a PPM file."""
 
     def __init__(self, file):
         content = pathlib.Path(file).read_bytes()
@@ -59,14 +60,14 @@ class Picture:
         self.width, self.height, self.bytes = int(head[1]), int(head[2]), content[head.end():]
 
     def part(self, left, top, width, height):
-        """Its pixels, row by row; None where it isn't wholly inside."""
+        """The pixels of the rectangle, row by row; None if it isn't wholly inside."""
         if left < 0 or top < 0 or left + width > self.width or top + height > self.height:
             return None
         rows = (3 * ((top + row) * self.width + left) for row in range(height))
         return b"".join(self.bytes[start:start + 3 * width] for start in rows)
 
     def share(self, colour, left, top, width, height):
-        """Which part of that rectangle has that colour."""
+        """The portion of the rectangle that has the colour, from 0 to 1."""
         part = self.part(left, top, width, height) or b""
         pixels = [part[at:at + 3] for at in range(0, len(part), 3)]
         return pixels.count(bytes(colour)) / (len(pixels) or 1)
@@ -116,7 +117,7 @@ class Cards:
                                         env=self.wrapped(), start_new_session=True)
 
     def keep_running(self):
-        """As a service manager's restart rule does."""
+        """Starts the cards again if they have ended, as a service manager does."""
         if self.process.poll() is not None:
             self.show()
 

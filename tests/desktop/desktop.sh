@@ -19,7 +19,7 @@ need() {
   for command; do [ -n "$(command -v "$command")" ] || skip "$command is missing"; done
 }
 
-# eventually COMMAND…: until it succeeds, but not for ever.
+# eventually COMMAND…: runs it until it succeeds, and gives up after a generous time.
 eventually() {
   local start=$SECONDS
   until "$@"; do
@@ -28,7 +28,7 @@ eventually() {
   done
 }
 
-# A home that only the programs under test see.
+# A home for the programs under test alone.
 need convert compare composite
 export MAGICK_THREAD_LIMIT=1
 work=$(mktemp -d)
@@ -74,7 +74,7 @@ put() {
   mv -f "$store/new" "$store/widgets.json"
 }
 
-# The card's program, its exit, and what it had to say.
+# Starts and ends the card's program, and checks what it prints.
 start() {
   LD_PRELOAD=libnss_wrapper.so "${@:-$build/orvel-widget}" > "$work/said" 2> "$work/errors" &
   widget=$!
@@ -136,7 +136,8 @@ become() {
   echo "  $1, ${*:2}: $(((${EPOCHREALTIME/[.,]/} - began) / 1000)) ms"
 }
 
-# The command draws by the same code, so some pixels are known from elsewhere: the card's and the accent's colour.
+# The command draws with the same code. So a few pixels are also checked by colours that are written down here: the card's
+# and the accent's.
 hasKnownColours() {
   become progress put progress
   [ "$(colour $((x + $(pixels 85))) $((y + $(pixels 4))))" = "srgb(22,22,25)" ] || fail "another background"
@@ -150,7 +151,7 @@ showsEveryKind() {
 }
 
 inPlace() { echo "[$(design "$1")]" > "$store/widgets.json"; }
-# Whoever reads the store makes its folder, perhaps while it is deleted.
+# Every program that reads the store makes its folder, perhaps while the test is deleting it.
 without() { until rm -rf "$1" 2> /dev/null; do :; done; }
 inNewFolder() { mkdir -p "$store" && put "$1"; }
 # The folder as a link, which is replaced in one step.

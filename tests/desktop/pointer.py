@@ -52,7 +52,7 @@ def main():
         pointer.move(x - 1, y, width, height)
         pointer.move(x, y, width, height)
         connection.wait()
-        time.sleep(0.1)  # whoever has just got the pointer binds it
+        time.sleep(0.1)  # a client that has just been offered the pointer binds it
         for state in (1, 0):
             pointer.press(BUTTONS[button], state)
             connection.wait()

@@ -6,7 +6,7 @@ CELLS = {"yes": "✓", "none": "–", "no": "**no**", "blurred": "✓ (blurred)"
 
 
 def earlier_rows(text):
-    """By server: those that this run doesn't concern stay."""
+    """The rows that the page has now, by server: those of servers that this run leaves out are kept."""
     lines = text.partition(START)[2].partition(END)[0].splitlines()
     rows = [line for line in lines if line.startswith("| ")][1:]
     return {row.split("|")[1].strip(): row for row in rows}

@@ -8,7 +8,7 @@ from cards import ROOT, Failed, patiently
 
 COVER = (255, 0, 255)
 COVERED = 0.6  # of the card's place: the rest may be the window's frame and its shadow
-SECONDS = 30  # generous: a machine may be busy
+SECONDS = 30  # generous, for a busy machine
 
 
 def cards_are_drawn(server, scale=1, outputs=2, unlike=0):
@@ -159,7 +159,7 @@ def output_lost(server):
 
 
 class RestartRule:
-    """The service's own: as its unit says, a service manager starts it again."""
+    """The cards' process is killed; a service manager starts it again, as the unit says."""
 
     def __init__(self):
         unit = (ROOT / "session/orvel-widget.service.in").read_text()
@@ -188,7 +188,7 @@ def server_restarted(server):
     server.stop()
     rule = RestartRule()
     patiently(lambda: server.process.poll() is not None, SECONDS, "the cards' program to end with the server")
-    end = time.monotonic() + 3  # one start in vain
+    end = time.monotonic() + 3  # for one start that fails
     patiently(lambda: rule.keep_running(server) or time.monotonic() > end)
     server.begin()
     patiently(lambda: rule.keep_running(server) or cards_are_drawn(server), 60, "the cards, the server being back")

@@ -3,7 +3,7 @@
 # Usage: wayland.sh BUILD_FOLDER
 build=$(cd "$1" && pwd)
 
-# The compositor doesn't run as root: then an ordinary user does all, with copies that it can read.
+# The compositor doesn't run as root. As root, an ordinary user runs the test, with copies that it can read.
 if [ "$(id -u)" = 0 ] && command -v sway runuser useradd > /dev/null; then
   id orvel-test > /dev/null 2>&1 || useradd --create-home orvel-test
   copies=$(mktemp -d)

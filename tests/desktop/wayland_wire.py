@@ -32,7 +32,7 @@ class Connection:
         self.socket.sendall(struct.pack("=IHH", thing, request, 8 + len(arguments)) + arguments)
 
     def make(self, maker, request, arguments=b""):
-        """A new thing, whose number is the next one."""
+        """The id of a new object: the next one."""
         self.last += 1
         self.send(maker, request, arguments + word(self.last))
         return self.last
@@ -42,7 +42,7 @@ class Connection:
         return self.make(REGISTRY, 0, word(name) + text(interface) + word(version))
 
     def wait(self):
-        """Until the compositor has handled everything so far."""
+        """Waits until the compositor has handled everything sent so far."""
         handled = self.make(DISPLAY, 0)
         while True:
             while len(self.buffer) < 8 or len(self.buffer) < struct.unpack("=H", self.buffer[6:8])[0]:

@@ -56,7 +56,7 @@ mode small
 screen=(1 480 400 cut)
 expect metric
 shows metric
-xrandr --output screen --off 2> /dev/null || true  # it complains of a screen without size
+xrandr --output screen --off 2> /dev/null || true  # xrandr complains of a screen without a size
 eventually isAway
 mode 640x480
 screen=(1 640 480 cut)

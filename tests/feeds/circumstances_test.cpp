@@ -77,7 +77,7 @@ TEST_F(Machine, KeepsTheStatusForTheSessionAndAtItsEndForTheNext) {
     ASSERT_EQ(machine.files.contents.size(), 1U);
     EXPECT_TRUE(machine.files.contents.begin()->first.starts_with("/run/user/7/"));
     Statuses::write(Statuses::read(machine.platform), Statuses::Until::nextSession, machine.platform);
-    machine.files.contents.erase(machine.files.contents.begin());  // as the session's folder goes
+    machine.files.contents.erase(machine.files.contents.begin());  // as when the session's folder is removed
     const FeedStatuses read = Statuses::read(machine.platform);
     ASSERT_EQ(read.size(), 2U);
     EXPECT_EQ(Statuses::text(read), Statuses::text({{"disk", status}, {"été", {}}}));

@@ -14,7 +14,7 @@ namespace {
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 
-// For how long the commands sleep, by which this process's are known.
+// How long the commands sleep: a number that tells this process's commands from others'.
 const std::string mark = "98765." + std::to_string(::getpid());
 
 CommandResult sh(const std::string& script, std::chrono::milliseconds time = 60s) {

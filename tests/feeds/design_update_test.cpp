@@ -113,7 +113,7 @@ TEST_F(FeedOf, UnderstandsWhatCommandsPrint) {
         EXPECT_EQ(design().progress, row.progress) << row.output;
         EXPECT_EQ(design().items.value_or(std::vector<std::string>()), row.items) << row.output;
     }
-    // The list that this ends with.
+    // The list as it should be at the end.
     edit([](WidgetSpec& spec) { spec.kind = WidgetKind::list; });
     EXPECT_EQ(update("milk"), "");
     EXPECT_EQ(design().items, std::vector<std::string>{"milk"});

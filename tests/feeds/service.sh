@@ -33,7 +33,7 @@ until_is() { # what it should be, and the command that says it
     fail "$*: '$is' instead of '$wanted'"
 }
 serve() {
-    # Replaced by the service itself, whose number this is then.
+    # exec keeps the process id, so this is the service's.
     LD_PRELOAD=libnss_wrapper.so "$build/orvel" feeds 2>> "$work/said" &
     service=$!
     until_is True sh -c "LD_PRELOAD=libnss_wrapper.so '$build/orvel' feed list --json |
@@ -47,7 +47,7 @@ feed add count --every 1s --first title=Count --first secondary=usual -- \
     sh -c 'echo x >> n; [ ! -e broken ] || { echo "it is broken" >&2; exit 1; }; wc -l < n'
 serve
 
-# Each of a person's changes stays, beside one of the feed's every second.
+# Every change that a person makes is kept, while a feed changes the same design each second.
 until_is '[0-9]*' field count primary
 for i in $(seq 30); do
     orvel set front primary="$i"

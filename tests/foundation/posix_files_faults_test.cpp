@@ -26,8 +26,8 @@ protected:
 };
 
 TEST_F(Faults, LeaveTheOldFileOrTheNewOneAndNothingElse) {
-    // A name that exists is a dead process's temporary. What an fsync that failed has lost, another one doesn't bring
-    // back. The second open and fsync are the folder's, after the rename; some file systems can't sync folders.
+    // EEXIST: a temporary file of a dead process has the name. Data that a failed fsync has lost isn't saved by another
+    // one. The second open and fsync are the folder's, after the rename; some file systems can't sync folders.
     enum End { old, replaced, unsynced };
     const struct {
         const char* call;

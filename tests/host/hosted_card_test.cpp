@@ -114,7 +114,7 @@ TEST(ChildProcess, AnswersOrEndsHoweverItGoes) {
 
 TEST(ChildProcess, EndsWhenItsParentHasGone) {
     int ends[2];
-    ASSERT_EQ(::pipe(ends), 0);  // the child holds its writing end for as long as it lives
+    ASSERT_EQ(::pipe(ends), 0);  // the child process holds the writing end until it exits
     {
         const Channel channel = forkChild(
             [](const Channel& mine) {

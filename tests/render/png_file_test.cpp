@@ -11,7 +11,7 @@
 namespace orvel {
 namespace {
 
-// Every colour at every opacity, with rows that end in pixels of nobody's.
+// Every colour at every opacity, in rows that are followed by unused bytes.
 TEST(PngFile, KeepsEveryPixel) {
     constexpr std::uint32_t side = 256;
     constexpr std::uint32_t stride = side + 3;

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# orvel edit with editors that do as told: what comes back is stored, opened again at the fault, or kept for the person.
+# orvel edit with editors that follow a plan: what they leave is stored, opened again at the fault, or kept for the person.
 # Usage: edit_command.sh BUILD_FOLDER
 set -euo pipefail
 

@@ -9,7 +9,7 @@ namespace orvel::tools {
 namespace {
 
 TEST_F(StoreCommand, LetsNoTextOfADesignReachATerminalRaw) {
-    // Moves the cursor, in both forms; ends the line, in three; turns the direction round; ends markup; is no text.
+    // Cursor movements in both forms, three line ends, a change of direction, the end of markup, and ill-formed UTF-8.
     const std::string hostile = "a\x1B[2J\u009B2J\u007F\r\n\u2028\u202E</b>&amp;\"'$(x)\u0000z";
     const char* const json = R"(a\u001b[2J\u009b2J\u007f\r\n\u2028\u202e</b>&amp;\"'$(x)\u0000z)";
     std::string records;

@@ -38,7 +38,7 @@ protected:
                 }};
     }
 
-    /// Lets the surface live until that holds, on the compositor's thread, but not for ever.
+    /// Lets the surface handle events until the condition holds on the compositor's thread, for a minute at most.
     bool until(std::function<bool(FakeCompositor&)> holds) {
         bool held = false;
         const auto end = std::chrono::steady_clock::now() + 60s;

@@ -33,7 +33,7 @@ class Nested(X11):
                               stderr=self.said)
 
     def click(self, output, x, y, button=1):
-        """And the pointer, which is in the pictures, goes where no card is."""
+        """Also moves the pointer, which the pictures show, to where no card is."""
         self.outer("xdotool", "mousemove", str(output * WIDTH + x), str(y), "sleep", "0.1", "click", str(button),
                    "sleep", "0.1", "mousemove", "0", str(HEIGHT - 1))
 
@@ -105,7 +105,7 @@ class Weston(Nested):
 
     @contextlib.contextmanager
     def below_the_card(self):
-        """The cards start later than what is to lie below."""
+        """The cards start after the windows that are to lie below them."""
         with super().below_the_card() as clicks:
             self.finish(self.process)
             self.show()

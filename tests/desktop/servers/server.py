@@ -61,7 +61,7 @@ class Server(Cards):
         self.show()
 
     def begin_anew(self):
-        """After a failure, which may have left anything."""
+        """Starts over after a failure, which may have left anything behind."""
         self.end()
         self.others = []
         self.prepare()
@@ -71,7 +71,7 @@ class Server(Cards):
 
     @contextlib.contextmanager
     def below_the_card(self):
-        """Something under the first card, and 6 points of it beside the card, that tells of its clicks: yields how."""
+        """A window under the first card, 6 points of it beside the card; yields a function that returns its clicks."""
         window = self.window("desktop", f"{2 * WIDTH}x{HEIGHT}+0+0", "#336699")
         try:
             yield window.clicks
@@ -80,7 +80,7 @@ class Server(Cards):
 
     @contextlib.contextmanager
     def other_output_focused(self):
-        """Where a click on the bare desktop brings the focus to its output: yields which one has it."""
+        """For desktops on which a click on the bare desktop moves the focus to its output; yields which output has it."""
         self.click(1, 450, 300)
         patiently(lambda: self.focused_output() == self.outputs[1], what="the focus on the other output")
         yield self.first_output_got_focus

@@ -109,7 +109,7 @@ class KWin(Layered):
     def begin(self):
         (self.home / ".config/kwinrc").write_text("[Desktops]\nNumber=2\nRows=1\n")
         self.bus = self.start_session_bus()
-        # A copy has not the right to a better priority, which not every container can give.
+        # A copy lacks the capability of a higher priority, which not every container can grant.
         program = shutil.copyfile(shutil.which("kwin_wayland"), self.work / "kwin_wayland")
         program.chmod(0o755)
         socket = f"kwin-{len(self.others)}"
@@ -170,7 +170,7 @@ class KWin(Layered):
                 patiently(lambda: os.fstat(file.fileno()).st_size >= stride * height, what="a picture's pixels")
                 file.seek(0)
                 pixels = file.read()
-            picture = bytearray(3 * width * height)  # from blue, green, red, and one more
+            picture = bytearray(3 * width * height)  # from blue, green, red and an unused byte
             for channel in range(3):
                 picture[channel::3] = pixels[2 - channel::4]
             shot = self.work / f"shot-{i}.ppm"
