@@ -3,24 +3,15 @@
 # and a command without a designer.
 # Usage: launcher.sh BUILD_FOLDER
 set -eu
+. "$(dirname "$0")/installed.sh"
 
-build=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-fail() { echo "FAILED: $*" >&2; exit 1; }
-
-prefix="$work/a b\$c%d"
-cmake --install "$build" --prefix "$prefix" --component program > "$work/install.log"
 "$prefix/bin/orvel" design --no-browser 2> "$work/said" && fail "it serves without a designer"
 [ "$(cat "$work/said")" = "orvel: $prefix/libexec/orvel/orvel-designer: the designer isn't installed; \
 it comes with the package orvel-designer" ] || fail "it says: $(cat "$work/said")"
 
-cmake --install "$build" --prefix "$prefix" --component designer > "$work/install.log"
-echo "user:x:$(id -u):$(id -g)::$work/home:/bin/sh" > "$work/passwd"
-echo "user:x:$(id -g):" > "$work/group"
+installs designer
 mkfifo "$work/address"
-env XDG_STATE_HOME="$work/state" NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" \
-    ASAN_OPTIONS=verify_asan_link_order=0 LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" design --no-browser \
+XDG_STATE_HOME="$work/state" LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" design --no-browser \
     > "$work/address" 2> "$work/said" &
 designer=$!
 read -r address < "$work/address" || fail "the designer doesn't start: $(cat "$work/said")"
@@ -31,7 +22,6 @@ case $address in http://127.0.0.1:*) ;; *) fail "it says: $address" ;; esac
 entry=$prefix/share/applications/org.orvel.orvel.desktop
 said=$(desktop-file-validate "$entry") || fail "$said"
 [ -z "$said" ] || fail "$said"
-has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }
 has "$entry" "Exec=\"$work/a b\\\\\$c%%d/bin/orvel\" design"
 has "$entry" "TryExec=$work/a b\$c%d/bin/orvel"
 said=$(appstreamcli validate --no-net --pedantic "$prefix/share/metainfo/org.orvel.orvel.metainfo.xml") || fail "$said"

@@ -4,23 +4,12 @@
 # account's home is a temporary folder; systemctl and the card are stand-ins that write down how they were called.
 # Usage: session_start.sh BUILD_FOLDER
 set -eu
+. "$(dirname "$0")/installed.sh"
 
-build=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-fail() { echo "FAILED: $*" >&2; exit 1; }
-
-prefix="$work/a b\$c%d"
-cmake --install "$build" --prefix "$prefix" --component program > "$work/install.log"
 unit=$prefix/share/systemd/user/orvel-widget.service
 [ -z "$(find "$prefix" -path '*/xdg/autostart/*' -o -name '*.wants')" ] || fail "installing alone turns it on"
 
-echo "user:x:$(id -u):$(id -g)::$work/home:/bin/sh" > "$work/passwd"
-echo "user:x:$(id -g):" > "$work/group"
-orvel() {
-    env XDG_CONFIG_HOME="${configuration:-}" NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" \
-        ASAN_OPTIONS=verify_asan_link_order=0 LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" "$@"
-}
+orvel() { env XDG_CONFIG_HOME="${configuration:-}" LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" "$@"; }
 orvel autostart on
 entry=$work/home/.config/autostart/orvel-widget.desktop
 [ "$(orvel autostart)" = on ] || fail "it isn't on"
@@ -31,7 +20,6 @@ cmp "$entry" "$configuration/autostart/orvel-widget.desktop" || fail "it isn't o
 configuration=""
 
 # Literally: quoted for the entry's command line and then for its file format; a percent sign twice, in the unit too.
-has() { grep -Fqx "$2" "$1" || fail "$1 has no line $2: $(cat "$1")"; }
 has "$entry" "Exec=sh \"$work/a b\\\\\$c%%d/libexec/orvel/start-card\""
 has "$entry" "TryExec=$work/a b\$c%d/bin/orvel"
 has "$unit" "ExecStart=\"$work/a b\$c%%d/bin/orvel\" desktop --no-feeds"
@@ -54,8 +42,7 @@ echo "systemctl $*" >> "$calls"
 [ "$2" != start ] || exit "$answer"
 SH
 mv "$program" "$program.moved"
-said=$(env NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0 \
-    LD_PRELOAD=libnss_wrapper.so "$program.moved" autostart 2>&1)
+said=$(LD_PRELOAD=libnss_wrapper.so "$program.moved" autostart 2>&1)
 [ "$said" = "orvel: warning: $entry starts $program, which is gone; orvel autostart on mends it
 on" ] || fail "$said"
 cat > "$program" <<'SH'
@@ -76,7 +63,6 @@ grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the 
 [ "$(started "$work/none" 0)" = "card desktop" ] || fail "no card without systemd"
 
 mv "$program.moved" "$program"
-env NSS_WRAPPER_PASSWD="$work/passwd" NSS_WRAPPER_GROUP="$work/group" ASAN_OPTIONS=verify_asan_link_order=0 \
-    LD_PRELOAD=libnss_wrapper.so "$program" autostart off
+LD_PRELOAD=libnss_wrapper.so "$program" autostart off
 [ ! -e "$entry" ] || fail "it isn't off"
 echo "started with a session: all well"
