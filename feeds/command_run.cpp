@@ -193,7 +193,8 @@ std::optional<std::string> follow(const Started& started, Collector& output, Col
         if (count == 0) return "no end after " + inSeconds(limits.time);
     }
     siginfo_t end{};
-    ::waitid(P_PID, static_cast<id_t>(started.process), &end, WEXITED | WNOWAIT);  // its group stays its own
+    // It isn't reaped yet, so that no other process gets the id of its group.
+    ::waitid(P_PID, static_cast<id_t>(started.process), &end, WEXITED | WNOWAIT);
     return failureOf(end, result.errors);
 }
 
@@ -202,7 +203,7 @@ std::optional<std::string> follow(const Started& started, Collector& output, Col
 CommandResult runCommand(const std::vector<std::string>& command, const std::string& folder,
                          const CommandLimits& limits) {
     CommandResult result;
-    const EndingSignals signals;  // what comes ends this process by itself, once all is tidied up
+    const EndingSignals signals;  // a signal that arrives meanwhile ends this process after the command is tidied up
     adoptDescendants();
     std::optional<Started> started;
     if (const int why = start(command, folder, started)) {

@@ -17,12 +17,12 @@ struct CommandLimits {
 struct CommandResult {
     std::string output;                  ///< what it wrote on standard output
     std::string errors;                  ///< on standard error
-    std::optional<std::string> failure;  ///< one line: why it is none, or it doesn't count
+    std::optional<std::string> failure;  ///< one line: why the command failed, or why its output doesn't count
 };
 
-/// Runs it from that folder, with nothing on standard input, until the program itself ends, and then ends everything
-/// that it has started and left. So it does after the time, beyond the bytes, and when this process is asked to end
-/// (SIGTERM, SIGINT), which it does only then. The calling process has one thread, and no other children.
+/// Runs it in that folder, with nothing on standard input, until the program ends, exceeds the time or the bytes, or
+/// this process is asked to end (SIGTERM, SIGINT); then ends everything that the program has started. Only after that
+/// does a signal end this process. The calling process must have one thread and no other children.
 CommandResult runCommand(const std::vector<std::string>& command, const std::string& folder,
                          const CommandLimits& limits);
 

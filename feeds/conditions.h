@@ -1,4 +1,4 @@
-// What a feed may wait for: mains power, and a way to other machines.
+// What a feed may wait for: mains power, and a route to other machines.
 #pragma once
 
 #include <filesystem>

@@ -70,7 +70,7 @@ Outcome<Done> makeBehindOthers(const Feed& feed, const FeedOutput& output, const
     return save(designs, change, platform);
 }
 
-// Changes the feed's design, or does what is to be done when there is none, under the store's lock.
+// Changes the feed's design under the store's lock, or calls the other function if there is no such design.
 Outcome<Done> changeDesign(const Feed& feed, FunctionRef<Outcome<Done>(WidgetSpec&)> change,
                            FunctionRef<Outcome<Done>(const OpenDesigns&)> whenMissing, const Platform& platform) {
     const auto designs = openDesigns(platform);
@@ -126,7 +126,7 @@ Outcome<Done> sayNoNews(const Feed& feed, Date since, const Platform& platform) 
 
     const auto change = [&](WidgetSpec& spec) -> Outcome<Done> {
         const WidgetField field = noNewsField(spec);
-        if (isUp && textOf(field, spec) != held->line) return Done{};  // a person's by now
+        if (isUp && textOf(field, spec) != held->line) return Done{};  // a person has changed it
         if (!isUp) held->former = textOf(field, spec);
         held->line = field == WidgetField::title ? held->former.value_or("") + ": " + news : news;
         setText(field, held->line, spec);

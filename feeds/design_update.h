@@ -1,5 +1,5 @@
 // A feed's design, changed on its behalf: under the store's lock, in its place, and not entered into the history, where
-// a person's own steps are. What is the same already is not written.
+// a person's own steps are. A design that wouldn't change isn't written.
 #pragma once
 
 #include "feeds/feed.h"

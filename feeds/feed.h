@@ -18,8 +18,8 @@ struct Feed {
     Every every = std::chrono::seconds{60};
     std::chrono::seconds timeout = usualTimeout;
     std::string design;                   ///< the id; made at the first success
-    std::vector<std::string> command;     ///< the program and its arguments, for no shell
-    std::vector<std::string> first = {};  ///< what a new design says beside the output: "kind=progress", "title=Disk"
+    std::vector<std::string> command;     ///< the program and its arguments; no shell reads them
+    std::vector<std::string> first = {};  ///< fields of a new design besides the output: "kind=progress", "title=Disk"
     bool isPaused = false;
     bool pausesOnBattery = false;
     bool whenOnline = false;  ///< waits for a route to other machines
@@ -28,7 +28,7 @@ struct Feed {
     friend bool operator==(const Feed&, const Feed&) = default;
 };
 
-/// Why that is no name for a feed; empty when it is one.
+/// Why the text can't be the name of a feed; empty when it can.
 std::string wrongFeedName(std::string_view name);
 
 }  // namespace orvel

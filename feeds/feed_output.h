@@ -17,17 +17,17 @@ struct FeedOutput {
     std::vector<std::string> unset = {};  ///< fields that become absent: null, or an empty list
     std::optional<std::string> mainText = std::nullopt;
 
-    /// Whether it says anything of that field.
+    /// Whether it sets or unsets that field.
     bool names(WidgetField field) const;
 };
 
-/// The failure says what is wrong, and where.
+/// Reads what a command printed. The failure says what is wrong, and where.
 Outcome<FeedOutput> readOutput(const std::string& text);
 
-/// What the main text of that kind's card is written into: a ring shows a portion, a list its row, and so on.
+/// The assignment of a card's main text to the kind's main field: a ring's portion, a list's row, and so on.
 Assignment mainTextOf(WidgetKind kind, const std::string& text);
 
-/// The kind of a new design of which the output doesn't say it: one whose main field it names, and of those the one
+/// The kind of a new design when the output doesn't say which: one whose main field it names, and of those the one
 /// that shows most of what it names; the first of equally good ones.
 WidgetKind likelyKind(const FeedOutput& output);
 

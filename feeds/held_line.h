@@ -1,5 +1,5 @@
-// A line of a design that says that there is no news, and what it stands for: kept in "orvel/feeds" below the person's
-// state folder, a file for each feed, for as long as the line is up.
+// The line "no news since …" on a design, and the text that it replaces: kept in "orvel/feeds" below the person's state
+// folder, a file for each feed, for as long as the line is shown.
 #pragma once
 
 #include <optional>
@@ -13,13 +13,13 @@ namespace orvel {
 
 struct HeldLine {
     Date since;                         ///< the last news
-    std::string line;                   ///< what the design says in its place
+    std::string line;                   ///< what the design says meanwhile
     std::optional<std::string> former;  ///< what the design says otherwise
 };
 
 namespace HeldLines {
 
-/// None when there is no such file, or it isn't understood.
+/// Absent when there is no such file, or it isn't understood.
 std::optional<HeldLine> read(const std::string& feed, const Platform& platform);
 Outcome<Done> write(const std::string& feed, const HeldLine& held, const Platform& platform);
 void remove(const std::string& feed, const Platform& platform);

@@ -13,7 +13,7 @@
 namespace orvel {
 namespace {
 
-// Without a stream of the library, which would cost half a megabyte.
+// Without the library's streams, which would cost half a megabyte of memory.
 void say(const std::string& sentence) {
     const std::string line = "orvel: " + unicode::onOneLine(sentence) + '\n';
     (void)!::write(STDERR_FILENO, line.data(), line.size());

@@ -20,13 +20,13 @@ std::ifstream children() {
 }  // namespace
 
 void adoptDescendants() {
-    ::signal(SIGCHLD, SIG_DFL);  // ignored, ends would go untold
+    ::signal(SIGCHLD, SIG_DFL);  // if it were ignored, children would vanish without being reported
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
 }
 
 void endDescendants(int group) {
     ::kill(-group, SIGKILL);
-    // Each end may bring grandchildren, who are this process's children before their parent can be reaped.
+    // When a child ends, its own children become this process's, before the child can be reaped.
     for (;;) {
         auto list = children();
         const bool isTold = list.is_open();

@@ -3,11 +3,12 @@
 
 namespace orvel {
 
-/// From now on, whatever this process's children leave behind becomes its own child, also what left their group.
+/// From now on, orphaned descendants become this process's children (it is their subreaper), also those in other
+/// process groups.
 void adoptDescendants();
 
-/// Ends the process group and every child that this process has or comes to adopt, and reaps them. It returns when
-/// there is none left.
+/// Ends the process group and every child that this process has or adopts meanwhile, and reaps them. Returns when none
+/// is left.
 void endDescendants(int group);
 
 }  // namespace orvel

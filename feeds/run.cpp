@@ -11,7 +11,7 @@ std::optional<std::string> useOutput(const Feed& feed, const std::string& text, 
     const auto output = readOutput(text);
     if (!output) return output.failure().reason;
     const auto updated = updateDesign(feed, *output, platform);
-    // What may not survive a loss of power is there all the same, and comes again.
+    // A change that may not survive a loss of power is made nevertheless; the next run repeats it.
     if (!updated && updated.failure().cause != Failure::Cause::afterwards) return updated.failure().reason;
     return std::nullopt;
 }

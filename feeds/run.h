@@ -18,8 +18,8 @@ struct FeedRun {
     bool isSkipped = false;  ///< another process runs this feed at the moment
 };
 
-/// Runs the command in the person's home folder and writes what it says into the design. A feed never runs twice at
-/// once, whoever asks. To be called by a process with one thread and no children.
+/// Runs the command in the person's home folder and writes what it prints into the design. A feed never runs twice at
+/// the same time, not even in different processes. The calling process must have one thread and no children.
 FeedRun runFeed(const Feed& feed, const Platform& platform);
 
 }  // namespace orvel

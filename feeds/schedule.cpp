@@ -36,7 +36,7 @@ Date nextDaily(TimeOfDay time, Date last, const TimeZone& zone) {
     // A clock change may have moved today's behind `last`, or tomorrow's; never the day after that.
     for (const days ahead : {days{0}, days{1}, days{2}})
         if (const auto date = instantOf(today + ahead + time.sinceMidnight, zone); date && *date > last) return *date;
-    return last.addingTimeInterval(duration<double>(days{1}).count());  // a zone that says nothing
+    return last.addingTimeInterval(duration<double>(days{1}).count());  // when the zone can't tell
 }
 
 double length(seconds interval) {

@@ -29,7 +29,7 @@ std::optional<std::chrono::seconds> durationText(std::string_view text, std::chr
 /// A duration, or a time of day such as "07:30".
 Outcome<Every> everyText(const std::string& text);
 
-/// What the two above read again: "5m", "07:30".
+/// As text that the functions above read: "5m", "07:30".
 std::string text(std::chrono::seconds duration);
 std::string text(const Every& every);
 

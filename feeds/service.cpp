@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t mostStartsAtOnce = 8;
 constexpr const char* zoneFile = "/etc/localtime";
 
-// Whether it runs otherwise than before, and thus at once.
+// Whether they differ in more than what the service itself or a pause changes.
 bool isAnother(Feed a, const Feed& b) {
     a.isMade = b.isMade;
     a.isPaused = b.isPaused;
@@ -101,7 +101,8 @@ void FeedService::look() {
         isAnyWaiting = isAnyWaiting || served.isWaiting;
         next = std::min(next.value_or(date), date);
     }
-    // Those that do well go first, and what comes due meanwhile waits for no more than a few.
+    // Feeds with fewer failures go first, and new ones after others. Only a few start at once, so that what comes due
+    // meanwhile doesn't wait for all of them.
     std::ranges::stable_sort(ready, {},
                              [](const Served* each) { return each->status.failures * 2 + !each->status.last; });
     if (ready.size() > mostStartsAtOnce) {

@@ -21,9 +21,9 @@ class ConditionWatch;
 
 class FeedService {
 public:
-    /// The lock's name by which a session has only one.
+    /// The name of the lock that keeps a session to one service.
     static constexpr const char* lockName = "orvel-feeds";
-    /// With so many failures in a row, the design says since when there is no news.
+    /// After this many failures in a row, the design says since when there has been no news.
     static constexpr int failuresUntilTold = 3;
 
     /// Serves the feeds while it lives and the loop runs, and follows their configuration. `say` gets one line for each
@@ -38,7 +38,7 @@ private:
         FeedStatus status = {};
         std::optional<Date> planned = std::nullopt;  ///< what its last run counts as planned for
         std::unique_ptr<Worker> worker = nullptr;
-        bool isRemoved = false;  ///< and goes when its worker has ended
+        bool isRemoved = false;  ///< from the configuration; it is dropped when its worker has ended
         bool isWaiting = false;  ///< for power or a network
 
         bool isIdle() const { return !worker && !isRemoved && !feed.isPaused; }

@@ -1,5 +1,5 @@
-// How the feeds are doing, for whoever asks: written by their service after each run into the session's runtime folder,
-// which costs no disk a write, and at its end into "orvel/feeds.json" below the person's state folder.
+// How the feeds are doing, for other programs: the service writes it after each run into the session's runtime folder,
+// which is in memory, and when it ends into "orvel/feeds.json" below the person's state folder.
 #pragma once
 
 #include <map>
@@ -13,7 +13,7 @@ namespace orvel {
 struct FeedStatus {
     std::optional<Date> last = std::nullopt;            ///< when it last ran
     double seconds = 0;                                 ///< for how long
-    std::optional<std::string> failure = std::nullopt;  ///< why that was none
+    std::optional<std::string> failure = std::nullopt;  ///< why that run failed
     int failures = 0;                                   ///< in a row
     std::optional<Date> news = std::nullopt;            ///< the last success, or when it was first tried
     std::optional<Date> next = std::nullopt;            ///< when it is due
@@ -23,12 +23,12 @@ using FeedStatuses = std::map<std::string, FeedStatus>;  ///< by the feeds' name
 
 namespace Statuses {
 
-/// What was written last; nothing where that can't be read.
+/// What was written last; empty if that can't be read.
 FeedStatuses read(const Platform& platform);
 
 enum class Until { endOfSession, nextSession };
 
-/// What can't be written is left out: the feeds do without.
+/// A failure to write is ignored; the feeds work without it.
 void write(const FeedStatuses& statuses, Until until, const Platform& platform);
 
 /// As JSON: an object with a member for each feed.

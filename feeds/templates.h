@@ -1,5 +1,5 @@
-// The feeds that come along: scripts in templates/, a row for each. The test of the templates wants a case and a line
-// of the documentation for every row.
+// The feeds that Orvel brings along: scripts in templates/, a row for each. The test of the templates demands a case
+// and a line of the documentation for every row.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@ namespace orvel {
 struct FeedTemplate {
     std::string_view name;       ///< also the script's
     std::string_view help;       ///< what it shows
-    std::string_view arguments;  ///< what it must be given, and in brackets what it may be
+    std::string_view arguments;  ///< required arguments, and optional ones in brackets
     std::string_view needs;      ///< programs that a bare system may lack
     std::string_view every;
     std::string_view first;  ///< the new design's fields, with semicolons between

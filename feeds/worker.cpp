@@ -22,7 +22,7 @@ constexpr char succeeded = '+';
 constexpr char failed = '-';
 constexpr char skipped = '.';
 
-// A sign, the milliseconds, a blank, and why it failed.
+// One character for the outcome, the milliseconds, a blank, and why the run failed.
 std::string encode(const FeedRun& run) {
     const auto milliseconds = static_cast<long long>(run.time.count() * 1000);
     return (run.isSkipped ? skipped
@@ -81,7 +81,7 @@ struct Worker::State {
         if (count < 0 && (errno == EAGAIN || errno == EINTR)) return;
         reap();
         const auto told = std::move(ended);
-        told(decode(report));  // this may be gone afterwards
+        told(decode(report));  // the callback may destroy this object
     }
 
     void reap() {
@@ -95,7 +95,7 @@ struct Worker::State {
 Worker::Worker(EventLoop& loop, Order order, const Platform& platform, std::function<void(WorkerReport)> ended)
     : state_(std::make_unique<State>(State{.ended = std::move(ended), .pipe = Descriptor()})) {
     int ends[2] = {-1, -1};
-    // Without a process, the pipe's end says so at once.
+    // If the process couldn't be started, the pipe is closed already, and its end is reported at once.
     if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
         state_->report = failed + std::string("0 can't make a pipe: ") + std::strerror(errno);
         ends[0] = ::open("/dev/null", O_RDONLY | O_CLOEXEC);

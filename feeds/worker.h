@@ -26,12 +26,12 @@ public:
         std::optional<Date> lastNews;  ///< when a failure is to tell the design since when there is none
     };
 
-    /// `ended` is called once, and may end the worker's life.
+    /// `ended` is called once, and may destroy the worker.
     Worker(EventLoop& loop, Order order, const Platform& platform, std::function<void(WorkerReport)> ended);
     /// Ends the run, with its command.
     ~Worker();
 
-    /// Asks it to end, and doesn't wait.
+    /// Asks the run to end, without waiting for it.
     void end();
 
 private:
