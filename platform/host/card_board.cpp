@@ -38,43 +38,49 @@ void CardBoard::show(const std::vector<CardOnShow>& cards, WindowSystem& windows
         arranged.emplace_back(std::move(key), std::move(card));
     }
     std::erase_if(shown_, [&](const auto& shown) { return !wanted.contains(shown.first); });
-    for (const auto& [key, card] : arranged) showOne(key, cards[card.card], card.placement, windows);
+    // All changes are known before the first card is drawn, so that one child process draws them all.
+    for (const auto& [key, card] : arranged) update(key, cards[card.card], card.placement);
+    for (const auto& [key, card] : arranged) {
+        Shown& shown = shown_.at(key);
+        if (!shown.surface)
+            shown.surface = windows.open(request(key, shown));
+        else if (!shown.isDrawn)
+            shown.surface->contentChanged(title(shown.view));
+    }
 }
 
-void CardBoard::showOne(const std::string& key, const CardOnShow& card, const Placement& placement,
-                        WindowSystem& windows) {
+// A surface stays if it can become what is wanted.
+void CardBoard::update(const std::string& key, const CardOnShow& card, const Placement& placement) {
     const auto found = shown_.find(key);
     const bool takesClicks = static_cast<bool>(card.clicked);
     const bool canStay = found != shown_.end() && found->second.family == card.family &&
                          found->second.placement.output == placement.output &&
                          found->second.placement.layer == placement.layer && found->second.takesClicks == takesClicks;
-    if (canStay) {
-        Shown& shown = found->second;
-        shown.clicked = card.clicked;
-        if (shown.placement != placement) shown.surface->move(placement.anchor, placement.margin);
-        shown.placement = placement;
-        const bool isOther = !(shown.view == card.view);
-        shown.view = card.view;
-        if (isOther || !shown.isDrawn) {
-            shown.isDrawn = false;
-            shown.surface->contentChanged(title(card.view));
-        }
+    if (!canStay) {
+        shown_.erase(key);
+        shown_.emplace(key, Shown{card.view, card.family, placement, takesClicks, card.clicked});
         return;
     }
-    if (found != shown_.end()) shown_.erase(found);
-    // The surface may ask for its pixels at once.
-    Shown& shown =
-        shown_.emplace(key, Shown{card.view, card.family, placement, takesClicks, card.clicked}).first->second;
-    const Size points = displaySize(card.family);
+    Shown& shown = found->second;
+    shown.clicked = card.clicked;
+    if (shown.placement != placement) shown.surface->move(placement.anchor, placement.margin);
+    shown.placement = placement;
+    if (!(shown.view == card.view)) shown.isDrawn = false;
+    shown.view = card.view;
+}
+
+// The surface may ask for its pixels at once.
+SurfaceRequest CardBoard::request(const std::string& key, const Shown& shown) {
+    const Size points = displaySize(shown.family);
     SurfaceRequest request{.width = points.width,
                            .height = points.height,
                            .cornerRadius = cornerRadius,
-                           .placement = placement,
+                           .placement = shown.placement,
                            .program = names_.program,
-                           .title = title(card.view),
+                           .title = title(shown.view),
                            .draw = [this, key](const PixelBuffer& pixels) { return draw(key, pixels); }};
-    if (takesClicks) request.clicked = [this, key] { shown_.at(key).clicked(); };
-    shown.surface = windows.open(std::move(request));
+    if (shown.takesClicks) request.clicked = [this, key] { shown_.at(key).clicked(); };
+    return request;
 }
 
 bool CardBoard::draw(const std::string& key, const PixelBuffer& pixels) {

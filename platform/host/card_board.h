@@ -45,7 +45,8 @@ private:
         std::unique_ptr<DesktopSurface> surface = {};
     };
 
-    void showOne(const std::string& key, const CardOnShow& card, const Placement& placement, WindowSystem& windows);
+    void update(const std::string& key, const CardOnShow& card, const Placement& placement);
+    SurfaceRequest request(const std::string& key, const Shown& shown);
     bool draw(const std::string& key, const PixelBuffer& pixels);
     bool drawPrepared(const Shown& shown, const PixelBuffer& pixels);
     std::string title(const View& view) const;

@@ -1,8 +1,21 @@
 #include "platform/host/card_board.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
-#include <algorithm>
+// Counts child processes; the linker puts this before the C library (--wrap).
+namespace {
+int children = 0;
+}
+
+extern "C" {
+pid_t __real_fork();
+
+pid_t __wrap_fork() {
+    ++children;
+    return __real_fork();
+}
+}
 
 namespace orvel {
 namespace {
@@ -15,6 +28,7 @@ public:
         int closed = 0;
         int moved = 0;
         int drawn = 0;
+        int children = 0;  ///< processes that draw
         friend bool operator==(const Counts&, const Counts&) = default;
     };
     Counts counts;
@@ -62,22 +76,28 @@ TEST(CardBoard, DrawsOnlyWhatHasChanged) {
     using Counts = CountingWindows::Counts;
     const auto afterShowing = [&](const std::vector<CardOnShow>& shown) {
         windows.counts = {};
+        children = 0;
         board.show(shown, windows);
+        windows.counts.children = children;
         EXPECT_FALSE(board.isDrawing()) << "nothing is left to draw";
         return windows.counts;
     };
-    EXPECT_EQ(afterShowing(cards), (Counts{.opened = 20, .drawn = 20}));
+    EXPECT_EQ(afterShowing(cards), (Counts{.opened = 20, .drawn = 20, .children = 1}));
     EXPECT_EQ(afterShowing(cards), Counts{});
 
     const auto before = windows.pixels;
     cards[7].view = Text("another");
-    EXPECT_EQ(afterShowing(cards), Counts{.drawn = 1});
+    EXPECT_EQ(afterShowing(cards), (Counts{.drawn = 1, .children = 1}));
     EXPECT_NE(windows.pixels, before) << "the last drawing was of another card";
 
     cards.erase(cards.begin());
     EXPECT_EQ(afterShowing(cards), (Counts{.closed = 1, .moved = 19})) << "the others move up";
     cards[0].clicked = [] {};
-    EXPECT_EQ(afterShowing(cards), (Counts{.opened = 1, .closed = 1, .drawn = 1})) << "it takes clicks from now on";
+    EXPECT_EQ(afterShowing(cards), (Counts{.opened = 1, .closed = 1, .drawn = 1, .children = 1}))
+        << "it takes clicks from now on";
+
+    for (CardOnShow& card : cards) card.view = Text("a minute later");
+    EXPECT_EQ(afterShowing(cards), (Counts{.drawn = 19, .children = 1}));
 }
 
 }  // namespace
