@@ -6,7 +6,6 @@ set(ORVEL_MODULES ${CMAKE_INSTALL_LIBDIR}/orvel)
 set(CMAKE_SKIP_RPATH ON)
 
 # The layers are part of programs and of the module alike. Nothing of theirs is visible but the module's one function.
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 

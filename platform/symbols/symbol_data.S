@@ -20,3 +20,14 @@
     embed orvelSynonyms, ORVEL_SYNONYMS
     embed orvelEnclosable, ORVEL_ENCLOSABLE
     .section .note.GNU-stack, "", %progbits
+
+    // That the file holds no jumps, as the linker asks of each before it marks a program as guarded.
+#if defined(__CET__)
+#include <cet.h>
+#elif defined(__ARM_FEATURE_BTI_DEFAULT)
+    .section .note.gnu.property, "a"
+    .balign 8
+    .word 4, 16, 5  // lengths of name and content; NT_GNU_PROPERTY_TYPE_0
+    .asciz "GNU"
+    .word 0xc0000000, 4, 3, 0  // GNU_PROPERTY_AARCH64_FEATURE_1_AND: BTI and PAC
+#endif
