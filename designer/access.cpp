@@ -81,8 +81,9 @@ HttpResponse Access::entrance(const HttpRequest& request) const {
     const std::string page = folder_ + (design.empty() ? "" : "?design=" + percentEncoded(design));
     return {200,
             "text/html; charset=utf-8",
-            "<!doctype html><title>Orvel</title><meta http-equiv=\"refresh\" content=\"0; url=" + page +
-                "\"><a href=\"" + page + "\">Orvel</a>\n",
+            "<!doctype html><title>Orvel</title><link rel=\"icon\" href=\"" + folder_ +
+                "icon.svg\"><meta http-equiv=\"refresh\" content=\"0; url=" + page + "\"><a href=\"" + page +
+                "\">Orvel</a>\n",
             {{"Set-Cookie",
               std::string(cookieName) + '=' + secret_ + "; Path=" + folder_ + "; HttpOnly; SameSite=Strict"}}};
 }

@@ -13,6 +13,7 @@
 
 #include "authoring/designs.h"
 #include "authoring/references.h"
+#include "designer/feeds/feed_desk.h"
 #include "designer/http/server.h"
 #include "designer/service.h"
 #include "designer/sole_designer.h"
@@ -96,7 +97,9 @@ Outcome<Done> serve(const SoleDesigner& sole, const Choices& choices, const std:
     if (!pictures) return pictures.failure();
     std::unique_ptr<HttpServer> server;
     std::optional<DelayTimer> keeping;
-    Service service(*std::move(pictures),
+    FeedDesk feeds(
+        loop, [&] { server->send("feeds", "changed"); }, platform);
+    Service service(*std::move(pictures), feeds,
                     {[&](const std::string& event, const std::string& data) { server->send(event, data); },
                      [&] { keeping->set(0ms); }},
                     platform);

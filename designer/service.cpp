@@ -4,7 +4,6 @@
 #include <charconv>
 
 #include "designer/base64.h"
-#include "designer/countdown_json.h"
 #include "designer/page_files.h"
 #include "designer/placing/desktop_json.h"
 #include "designer/placing/place_changes.h"
@@ -20,6 +19,8 @@ namespace {
 
 constexpr std::array families{std::pair{"small", WidgetFamily::systemSmall},
                               std::pair{"medium", WidgetFamily::systemMedium}};
+
+constexpr std::string_view feedAddress = "/api/feeds/";
 
 double scaleOf(const HttpRequest& request) {
     constexpr double largest = 8;
@@ -40,10 +41,14 @@ HttpResponse picture(const Outcome<std::string>& bytes, std::string_view type) {
 
 }  // namespace
 
-Service::Service(CardPictures pictures, Hooks hooks, const Platform& platform)
-    : platform_(platform), pictures_(std::move(pictures)), hooks_(std::move(hooks)), workbench_(platform) {
+Service::Service(CardPictures pictures, FeedDesk& feeds, Hooks hooks, const Platform& platform)
+    : platform_(platform),
+      pictures_(std::move(pictures)),
+      feeds_(feeds),
+      hooks_(std::move(hooks)),
+      workbench_(platform) {
     toldStore_ = storeMembers(workbench_, pictures_);
-    toldDraft_ = draftMembers(workbench_, pictures_, symbols_);
+    toldDraft_ = draftMembers(workbench_, pictures_, symbols_, platform_);
 }
 
 HttpResponse Service::answer(const HttpRequest& request) {
@@ -60,6 +65,7 @@ HttpResponse Service::answer(const HttpRequest& request) {
 void Service::look() {
     workbench_.look();
     noticeAll();
+    hooks_.keepSoon();  // what a feed changed comes in
 }
 
 void Service::keep() {
@@ -83,8 +89,7 @@ HttpResponse Service::get(const HttpRequest& request) {
     if (request.path == "/api/symbols") return found(request);
     if (request.path == "/api/desktop") return desktop();
     if (request.path == "/api/share") return share();
-    if (request.path == "/api/countdown")
-        return {200, "application/json", countdownJson(workbench_.draft(), platform_)};
+    if (request.path == "/api/feeds") return {200, "application/json", feeds_.json(workbench_.draft().id)};
     const PageFile* const file = pageFile(request.path);
     if (!file) return refusal(404, "there is nothing at this address");
     return {200, std::string(file->type), std::string(file->bytes)};
@@ -96,6 +101,7 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
     if (request.path == "/api/type") return type(request, body);
     if (request.path == "/api/paste") return paste(request, body);
     if (request.path.starts_with("/api/desktop/")) return changeDesktop(request, body);
+    if (request.path.starts_with(feedAddress)) return changeFeeds(request, body);
     if (request.path == "/api/new")
         done = workbench_.startNew(unsaved);
     else if (request.path == "/api/edit")
@@ -165,6 +171,17 @@ HttpResponse Service::changeDesktop(const HttpRequest& request, const Body& body
     return desktop();
 }
 
+HttpResponse Service::changeFeeds(const HttpRequest& request, const Body& body) {
+    const std::string_view operation = std::string_view(request.path).substr(feedAddress.size());
+    if (workbench_.isNew())
+        return refusal(422, "this design isn't stored yet, and a feed keeps a stored one current; save it first",
+                       "source");
+    const auto done = feeds_.change(operation, body.id, body.text, workbench_.draft());
+    look();
+    if (!done) return refusal(422, done.failure().reason, done.failure().field);
+    return {200, "application/json", feeds_.json(workbench_.draft().id)};
+}
+
 HttpResponse Service::type(const HttpRequest& request, const Body& body) {
     if (!workbench_.revisions().isCurrent(body.fields, body.revision))
         return refusal(409, "another window has changed this design", "revision");
@@ -229,7 +246,7 @@ void Service::noticeAll() {
 }
 
 void Service::notice(std::string store) {
-    std::string draft = draftMembers(workbench_, pictures_, symbols_);
+    std::string draft = draftMembers(workbench_, pictures_, symbols_, platform_);
     if (store == toldStore_ && draft == toldDraft_) return;
     toldStore_ = std::move(store);
     toldDraft_ = std::move(draft);

@@ -9,6 +9,7 @@
 #include "designer/access.h"
 #include "designer/body.h"
 #include "designer/card_pictures.h"
+#include "designer/feeds/feed_desk.h"
 #include "designer/http/request.h"
 #include "designer/http/response.h"
 #include "designer/workbench.h"
@@ -24,7 +25,7 @@ public:
         std::function<void()> keepSoon;                                               ///< calls `keep` after the answer
     };
 
-    Service(CardPictures pictures, Hooks hooks, const Platform& platform);
+    Service(CardPictures pictures, FeedDesk& feeds, Hooks hooks, const Platform& platform);
 
     HttpResponse answer(const HttpRequest& request);
     /// The files have changed.
@@ -46,6 +47,7 @@ private:
     HttpResponse paste(const HttpRequest& request, const Body& body);
     HttpResponse desktop() const;
     HttpResponse changeDesktop(const HttpRequest& request, const Body& body) const;
+    HttpResponse changeFeeds(const HttpRequest& request, const Body& body);
     HttpResponse type(const HttpRequest& request, const Body& body);
     void noticeAll();
     /// Pages are told when these members, or the draft's, aren't what they know.
@@ -54,6 +56,7 @@ private:
 
     const Platform& platform_;
     CardPictures pictures_;
+    FeedDesk& feeds_;
     Hooks hooks_;
     Workbench workbench_;
     Symbols symbols_;

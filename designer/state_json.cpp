@@ -5,6 +5,7 @@
 
 #include "authoring/contrast.h"
 #include "authoring/warnings.h"
+#include "designer/countdown_json.h"
 #include "format/hex_color.h"
 #include "model/widget_fields.h"
 #include "model/widget_spec_json.h"
@@ -51,8 +52,8 @@ void writeAccent(json::Writer& writer, const WidgetSpec& spec) {
     writer.key("contrast").number(std::floor(contrast(color, cardBackground) * 10) / 10).endObject();
 }
 
-void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPictures& pictures,
-                const Symbols& symbols) {
+void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols,
+                const Platform& platform) {
     const WidgetSpec& draft = workbench.draft();
     writer.key("draft").beginObject();
     writer.key("revision").integer(static_cast<std::int64_t>(workbench.revisions().last()));
@@ -65,6 +66,7 @@ void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPict
     for (const WidgetField field : shownFields(draft.kind)) writer.string(name(field));
     writer.endArray();
     writeAccent(writer, draft);
+    if (draft.kind == WidgetKind::countdown) writer.key("countdown").raw(countdownJson(draft, platform));
     writer.key("warnings").beginArray();
     for (const auto& [field, text, name, values] : warnings(draft, symbols)) {
         writer.beginObject().key("field").string(field).key("text").string(text).key("name").string(name);
@@ -94,10 +96,11 @@ std::string storeMembers(const Workbench& workbench, const CardPictures& picture
     return members(writer);
 }
 
-std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols) {
+std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols,
+                         const Platform& platform) {
     json::Writer writer;
     writer.beginObject();
-    writeDraft(writer, workbench, pictures, symbols);
+    writeDraft(writer, workbench, pictures, symbols, platform);
     return members(writer);
 }
 

@@ -15,6 +15,7 @@ std::string version(const WidgetSpec& spec);
 // Members of an object, without its braces. The stored designs are by far the longer part, and stay as they are while
 // somebody types.
 std::string storeMembers(const Workbench& workbench, const CardPictures& pictures);
-std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols);
+std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols,
+                         const Platform& platform);
 
 }  // namespace orvel::designer

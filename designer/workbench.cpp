@@ -23,7 +23,8 @@ bool isSame(const WidgetSpec& a, const WidgetSpec& b) {
 Outcome<std::size_t> indexOf(const std::string& id, const std::vector<WidgetSpec>& specs) {
     const auto found = std::ranges::find_if(
         specs, [&](const WidgetSpec& spec) { return unicode::canonicallyEquivalent(spec.id, id); });
-    if (found == specs.end()) return Failure{"no design has the id " + unicode::onOneLine(id)};
+    if (found == specs.end())
+        return Failure{"no design has the id " + unicode::onOneLine(id), Failure::Cause::request, "design"};
     return static_cast<std::size_t>(found - specs.begin());
 }
 
@@ -105,7 +106,7 @@ Outcome<Done> Workbench::startNew(Unsaved unsaved) {
 Outcome<Done> Workbench::edit(const std::string& id, Unsaved unsaved) {
     if (base_ && base_->id == id) return Done{};
     const WidgetSpec* const found = stored(id);
-    if (!found) return Failure{"no design has the id " + unicode::onOneLine(id)};
+    if (!found) return Failure{"no design has the id " + unicode::onOneLine(id), Failure::Cause::request, "design"};
     const auto left = leave(unsaved);
     if (left) open(*found, *found);
     return left;

@@ -13,11 +13,6 @@ std::filesystem::path durableFile(const Platform& platform) {
     return std::filesystem::path(stateDirectory(platform.accounts)) / "orvel" / "feeds.json";
 }
 
-std::filesystem::path sessionFile(const Platform& platform) {
-    const char* const folder = std::getenv("XDG_RUNTIME_DIR");
-    return folder && *folder == '/' ? std::filesystem::path(folder) / "orvel-feeds.json" : durableFile(platform);
-}
-
 void writeDate(json::Writer& writer, const char* name, const std::optional<Date>& date) {
     if (date) writer.key(name).string(iso8601::format(*date));
 }
@@ -39,6 +34,11 @@ bool take(std::string_view name, json::Value& value, FeedStatus& status) {
 }
 
 }  // namespace
+
+std::filesystem::path file(const Platform& platform) {
+    const char* const folder = std::getenv("XDG_RUNTIME_DIR");
+    return folder && *folder == '/' ? std::filesystem::path(folder) / "orvel-feeds.json" : durableFile(platform);
+}
 
 std::string text(const FeedStatuses& statuses) {
     json::Writer writer;
@@ -67,17 +67,18 @@ FeedStatuses fromText(const std::string& text) {
 }
 
 FeedStatuses read(const Platform& platform) {
-    auto text = platform.files.read(sessionFile(platform));
+    auto text = platform.files.read(file(platform));
     if (!text) text = platform.files.read(durableFile(platform));
     return text ? fromText(*text) : FeedStatuses();
 }
 
 void write(const FeedStatuses& statuses, Until until, const Platform& platform) {
     const std::string json = text(statuses);
-    (void)platform.files.replace(sessionFile(platform), json, NewFile::ownerOnly);
+    (void)platform.files.replace(file(platform), json, NewFile::ownerOnly);
     if (until == Until::endOfSession) return;
-    const auto file = durableFile(platform);
-    if (platform.files.createFolders(file.parent_path())) (void)platform.files.replace(file, json, NewFile::ownerOnly);
+    const auto durable = durableFile(platform);
+    if (platform.files.createFolders(durable.parent_path()))
+        (void)platform.files.replace(durable, json, NewFile::ownerOnly);
 }
 
 }  // namespace orvel::Statuses

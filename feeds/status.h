@@ -2,6 +2,7 @@
 // which is in memory, and when it ends into "orvel/feeds.json" below the person's state folder.
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -22,6 +23,9 @@ struct FeedStatus {
 using FeedStatuses = std::map<std::string, FeedStatus>;  ///< by the feeds' names
 
 namespace Statuses {
+
+/// What is written after each run.
+std::filesystem::path file(const Platform& platform);
 
 /// What was written last; empty if that can't be read.
 FeedStatuses read(const Platform& platform);

@@ -4,7 +4,11 @@
 
 #include <array>
 #include <filesystem>
+#include <string>
 #include <string_view>
+#include <vector>
+
+#include "feeds/feed.h"
 
 namespace orvel {
 
@@ -46,5 +50,14 @@ inline constexpr std::array feedTemplates{
                  "kind=metric;title=Moon;symbol=moon.fill;accent=yellow"},
     FeedTemplate{"year", "How much of the year is over", "", "", "00:00", "kind=progress;title=Year;symbol=calendar"},
 };
+
+/// Null when none is called so.
+const FeedTemplate* findFeedTemplate(std::string_view name);
+
+/// How many arguments it must be given at least.
+std::size_t neededArguments(const FeedTemplate& source);
+
+/// A feed as the template has it, named after it and without a design.
+Feed feedFrom(const FeedTemplate& source, const std::vector<std::string>& arguments);
 
 }  // namespace orvel

@@ -19,45 +19,54 @@ export function pictureOf(design, family) {
   return withScale(`/api/stored?version=${design.version}&family=${family}${time}`);
 }
 
-function item(design) {
+function made(id) {
   const element = document.createElement('li');
   const button = document.createElement('button');
   button.type = 'button';
-  button.dataset.id = design.id;
+  button.dataset.id = id;
   button.draggable = true;
+  button.setAttribute('aria-keyshortcuts', 'Alt+ArrowUp Alt+ArrowDown Alt+Home');
   const picture = document.createElement('img');
   picture.alt = '';
   picture.width = 170;
   picture.height = 170;
   picture.loading = 'lazy';
   picture.draggable = false;
-  picture.src = pictureOf(design, 'small');
   const words = document.createElement('span');
-  words.textContent = titleOf(design);
   words.dir = 'auto';
-  button.append(picture, words);
-  if (onDesktop(shown).includes(design.id)) {
-    const mark = document.createElement('small');
-    mark.textContent = t('onDesktop');
-    button.append(mark);
-  }
-  button.setAttribute('aria-keyshortcuts', 'Alt+ArrowUp Alt+ArrowDown Alt+Home');
-  if (design.id === edited) button.setAttribute('aria-current', 'true');
-  button.setAttribute('aria-description', design.words.replaceAll('\n', ', '));
+  const mark = document.createElement('small');
+  mark.textContent = t('onDesktop');
+  button.append(picture, words, mark);
   element.append(button);
   return element;
 }
 
-let drawn = '';
+function fill(element, design) {
+  const button = element.firstChild;
+  const [picture, words, mark] = button.children;
+  const source = pictureOf(design, 'small');
+  if (picture.getAttribute('src') !== source) picture.src = source;
+  if (words.textContent !== titleOf(design)) words.textContent = titleOf(design);
+  mark.hidden = !onDesktop(shown).includes(design.id);
+  if (design.id === edited) button.setAttribute('aria-current', 'true');
+  else button.removeAttribute('aria-current');
+  button.setAttribute('aria-description', design.words.replaceAll('\n', ', '));
+}
+
+// A card that stays keeps its element: one that is being pressed or dragged isn't taken from under the pointer.
 export function showDesigns(designs, editedId) {
-  const now = JSON.stringify([designs, editedId, onDesktop(designs)]);
-  if (now === drawn) return;
-  drawn = now;
-  const focused = document.activeElement?.closest?.('#designs button')?.dataset.id;
   shown = designs;
   edited = editedId;
-  list.replaceChildren(...designs.map(item));
-  if (focused) [...list.querySelectorAll('button')].find((button) => button.dataset.id === focused)?.focus();
+  const focused = document.activeElement;
+  const before = new Map([...list.children].map((element) => [element.firstChild.dataset.id, element]));
+  designs.forEach((design, index) => {
+    const element = before.get(design.id) ?? made(design.id);
+    before.delete(design.id);
+    fill(element, design);
+    if (list.children[index] !== element) list.insertBefore(element, list.children[index] ?? null);
+  });
+  while (list.children.length > designs.length) list.lastChild.remove();
+  if (focused !== document.activeElement && list.contains(focused)) focused.focus();
 }
 
 // Countdowns show another time each minute.

@@ -1,6 +1,6 @@
 // What the server tells its pages. A browser has six connections to a server, so one window listens for all of them, and
 // another goes on when it is closed.
-const names = ['changed', 'desktop', 'keeping', 'error'];
+const names = ['changed', 'desktop', 'feeds', 'keeping', 'error'];
 
 // An EventTarget for `names`, each with the server's text as `data`.
 export function serverEvents() {

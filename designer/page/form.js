@@ -24,6 +24,7 @@ const touched = new Set();  // typed into and not left since
 const refused = new Map();  // what can't be as it was typed, and why
 let typed = () => {};
 let rows = [];
+let shown = [];  // the warnings
 
 function note(field) {
   return notes.get(field);
@@ -166,6 +167,7 @@ function showKept({ record, shows }) {
 }
 
 function showNotes(warnings) {
+  shown = warnings;
   const general = [];
   for (const element of notes.values()) element.textContent = '';
   for (const warning of warnings) {
@@ -195,10 +197,16 @@ export function showDraft(draft, answered, refusals) {
   for (const { field, text } of refusals) refused.set(field, said({ text, name: refusedAs[field] }));
   for (const block of blocks) block.hidden = !draft.shows.includes(block.dataset.field);
   showFields(draft.record);
-  if (draft.shows.includes('targetISO8601')) showCountdown(draft.record.targetISO8601 ?? '').catch(() => {});
+  if (draft.countdown) showCountdown(draft.record.targetISO8601 ?? '', draft.countdown);
   showAccent(draft);
   showKept(draft);
   showNotes(draft.warnings);
+}
+
+// These fields stay as they were typed, though that can't be kept.
+export function refuse(fields, reason) {
+  for (const field of fields) refused.set(field, reason);
+  showNotes(shown);
 }
 
 // A field that was left shows what is stored, unless it can't be as it was typed.

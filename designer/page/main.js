@@ -3,10 +3,11 @@ import { get, post, withScale } from './server.js';
 import { serverEvents } from './events.js';
 import { offerKinds } from './kinds.js';
 import { refreshCountdowns, setUpDesigns, showDesigns } from './designs.js';
-import { setUpForm, showDraft } from './form.js';
+import { refreshFeeds, setUpFeeds } from './feed.js';
+import { refuse, setUpForm, showDraft } from './form.js';
 import { idsOnDesktop, refreshDesktop, setUpPlace } from './place.js';
 import { setUpShare } from './share.js';
-import { ask, hush, notice, say } from './talk.js';
+import { ask, explained, hush, notice, say } from './talk.js';
 import { fillIn, inLanguage, loadWords, offerLanguages, t } from './words.js';
 
 const by = (id) => document.getElementById(id);
@@ -40,10 +41,12 @@ function showPictures() {
 function show(next, answered) {
   if (state && next.stamp < state.stamp) return;
   const isSame = state?.draft.revision === next.draft.revision;
+  const isSameDesign = state && state.draft.record.id === next.draft.record.id && state.draft.isNew === next.draft.isNew;
   state = next;
   const { draft } = state;
   showPictures();
   if (answered || !isSame) showDraft(draft, answered, state.refusals);
+  if (!isSameDesign) refreshFeeds();
   showStored();
   showConflict(draft);
   by('edit-heading').textContent = t(draft.isNew ? 'newDesign' : 'edit');
@@ -69,8 +72,7 @@ async function refresh() {
 }
 
 function fail(error) {
-  if (error.status) notice(error.message);
-  else notice(t('ended'));
+  notice(explained(error));
 }
 
 async function sendWaiting() {
@@ -82,6 +84,7 @@ async function sendWaiting() {
       hush('failures');
       say(state.draft.isUnsaved ? t('keptNotSaved') : '');
     } catch (error) {
+      if (error.status === 413) refuse(Object.keys(fields), explained(error));
       if (error.field !== 'revision') return fail(error);
       const mine = t('keepTyped');
       const others = await get(withScale('/api/state'));
@@ -114,7 +117,10 @@ async function request(path, body) {
     show(await post(path, body));
     return true;
   } catch (error) {
-    if (error.field === 'conflict') await refresh();
+    if (error.field === 'conflict') {  // the page asks about it
+      await refresh();
+      return false;
+    }
     if (error.field !== 'unsaved') throw error;
   }
   const answer = await ask(t('unsaved'), [t('save'), t('discard'), t('keepEditing')]);
@@ -148,7 +154,7 @@ async function take(text) {
     await sendWaiting();
     answer = await request('/api/paste', { text }).catch((error) => {
       if (!error.status) throw error;
-      return error.message;
+      return explained(error);
     });
   });
   return answer;
@@ -204,12 +210,14 @@ function followServer() {
     if (!sending && newest > state.stamp) refresh().catch(fail);
   });
   events.addEventListener('desktop', refreshDesktop);
+  events.addEventListener('feeds', refreshFeeds);
   events.addEventListener('keeping', (event) => {
     const { failure } = JSON.parse(event.data);
     if (failure) notice(t('cantKeep', { reason: failure }));
     else showConflict(state.draft);
   });
-  events.addEventListener('error', () => fail(new Error()));
+  // A browser connects again by itself; where it can't, the designer has ended.
+  events.addEventListener('error', () => refresh().then(() => hush('failures'), fail));
 }
 
 function followClock() {
@@ -240,6 +248,7 @@ setUpForm(typed, () => state.draft.record);
 setUpDesigns((id) => run('/api/edit', { id }), (id, to) => run('/api/move', { id, to }, t('moved', { number: to + 1 })), idsOnDesktop);
 setUpButtons();
 setUpPlace({ state: () => state, settled: () => exclusively(sendWaiting), save }, showStored);
+setUpFeeds({ state: () => state });
 setUpShare({
   state: () => state,
   settled: () => exclusively(sendWaiting),

@@ -1,7 +1,7 @@
 // Where designs stand on the desktop: a dialog with the monitors to scale, and the fields of one place.
 import { pictureOf, titleOf } from './designs.js';
 import { get, post } from './server.js';
-import { button, say } from './talk.js';
+import { button, explained, say } from './talk.js';
 import { listed, t } from './words.js';
 
 const by = (id) => document.getElementById(id);
@@ -190,7 +190,7 @@ function inTurn(ask, answered) {
       if (mine === asked) take(answer);
       answered();
     } catch (error) {
-      by('place-trouble').textContent = error.message;
+      by('place-trouble').textContent = explained(error);
     }
   });
   return queue;

@@ -1,6 +1,6 @@
 // A design to be taken elsewhere and brought from there: as a command, as JSON, and as what a script needs.
 import { get } from './server.js';
-import { say } from './talk.js';
+import { explained, say } from './talk.js';
 import { t } from './words.js';
 
 const by = (id) => document.getElementById(id);
@@ -13,6 +13,7 @@ async function show({ draft }) {
 }
 
 async function copy(field) {
+  by('share-about').textContent = '';
   try {
     await navigator.clipboard.writeText(field.value);
   } catch {  // a browser that doesn't allow it still lets a person do it
@@ -29,7 +30,7 @@ export function setUpShare(page) {
     await page.settled();
     by('share-about').textContent = '';
     by('paste-trouble').textContent = '';
-    await show(page.state());
+    await show(page.state()).catch((error) => say(explained(error)));
     by('share-dialog').showModal();
   });
   for (const button of document.querySelectorAll('[data-copies]'))

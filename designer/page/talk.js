@@ -1,9 +1,17 @@
 // What the page says to the person, and asks.
+import { t, said } from './words.js';
 
 const by = (id) => document.getElementById(id);
 
 export function say(text) {
   by('status').textContent = text;
+}
+
+// Why a request was refused, or failed: in the page's own words where it has some for what is at fault.
+export function explained({ status, field, message }) {
+  if (!status) return t('ended');
+  if (status === 413) return t('tooLarge');
+  return said({ text: t('refused', { reason: message }), name: `refused_${field}` });
 }
 
 export function button(text, act) {

@@ -1,5 +1,4 @@
 // A countdown's day, time of day and zone, beside its text. The three say a whole point in time.
-import { get } from './server.js';
 import { moment, t } from './words.js';
 
 const day = document.getElementById('target-day');
@@ -59,19 +58,11 @@ function instant(text) {
   return new Date(isWhole ? text : `${text.slice(0, 10)}T00:00`);
 }
 
-let asked = 0;
-
 // What the card shows now, a day from now, and at the end.
-export async function showCountdown(text) {
-  const mine = ++asked;
+export function showCountdown(text, { now, tomorrow, end }) {
   const date = instant(text);
-  if (Number.isNaN(date.getTime())) {
-    says.hidden = true;
-    return;
-  }
-  const { now, tomorrow, end } = await get('/api/countdown');
-  if (mine !== asked) return;
-  says.hidden = false;
+  says.hidden = Number.isNaN(date.getTime());
+  if (says.hidden) return;
   const [soon, later, last] = [now, tomorrow, end].map((words) => words.replace(' ', '\u00a0'));
   says.textContent = t('countdownSays', { date: moment(date), now: soon, tomorrow: later, end: last });
 }

@@ -1,5 +1,6 @@
 // The page's words in the reader's language: `t('found', { count: 3 })`. Each language is a file of languages/, and a
 // name for each kind in kinds.js: its own name, its plurals and its numbers are the browser's.
+import { kinds } from './kinds.js';
 import codes from './languages.js';
 import english from './languages/en.js';
 
@@ -18,6 +19,12 @@ export const number = (value, options) => new Intl.NumberFormat(language, option
 export const listed = (texts, type = 'conjunction') => new Intl.ListFormat(language, { type }).format(texts);
 export const moment = (date) => new Intl.DateTimeFormat(language, { dateStyle: 'full', timeStyle: 'short' }).format(date);
 
+// A time, and its day if that isn't today.
+export function shortly(date) {
+  const isToday = date.toDateString() === new Date().toDateString();
+  return new Intl.DateTimeFormat(language, { timeStyle: 'medium', ...(isToday ? {} : { dateStyle: 'medium' }) }).format(date);
+}
+
 export function t(key, values = {}) {
   const entry = words[key] ?? english[key];
   const text = typeof entry === 'string' ? entry : entry[plurals.select(values.count)] ?? entry.other;
@@ -26,6 +33,8 @@ export function t(key, values = {}) {
 
 // Of a text for each language, the reader's.
 export const inLanguage = (texts) => texts[language] ?? texts.en;
+
+export const kindName = (kind) => inLanguage(kinds[kind].names);
 
 // An arrow key's direction in what follows the text's: to the left is forwards where texts run from right to left.
 export function arrow({ key }) {

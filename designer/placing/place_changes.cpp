@@ -20,7 +20,7 @@ Outcome<Done> change(const std::function<Outcome<Done>(Places&)>& wanted, const 
 Outcome<Places::iterator> placeOf(const std::string& design, Places& places) {
     const auto found = std::ranges::find_if(places, [&](const Place& place) { return text(place.design) == design; });
     if (found != places.end()) return found;
-    return Failure{unicode::onOneLine(design) + " has no place any more", Failure::Cause::request, "design"};
+    return Failure{unicode::onOneLine(design) + " has no place any more", Failure::Cause::request, "placed"};
 }
 
 }  // namespace

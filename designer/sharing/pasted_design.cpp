@@ -21,7 +21,8 @@ std::optional<std::size_t> listLength(const std::string& json) {
 Outcome<NewDesign> pastedDesign(std::string json, const Platform& platform) {
     const auto length = listLength(json);
     if (length && *length != 1)
-        return Failure{"a list of " + std::to_string(*length) + " designs; one is wanted", Failure::Cause::request};
+        return Failure{"a list of " + std::to_string(*length) + " designs; one is wanted", Failure::Cause::request,
+                       "list"};
     if (length) {
         // What is left is told at the positions of the whole text.
         json[json.find('[')] = ' ';

@@ -16,12 +16,14 @@ export class Home {
     this.folder = mkdtempSync(join(tmpdir(), 'orvel-designer-'));
     this.store = join(this.folder, 'Library', 'Application Support', 'Orvel');
     mkdirSync(this.store, { recursive: true });
+    mkdirSync(join(this.folder, 'run'), { mode: 0o700 });
     writeFileSync(join(this.folder, 'passwd'), `user:x:${uid}:${gid}::${this.folder}:/bin/sh\n`);
     writeFileSync(join(this.folder, 'group'), `user:x:${gid}:\n`);
     this.environment = {
       ...process.env, PATH: `${this.build}:${process.env.PATH}`, TZ: 'Europe/Berlin', ASAN_OPTIONS: 'verify_asan_link_order=0', LD_PRELOAD: 'libnss_wrapper.so',
       NSS_WRAPPER_PASSWD: join(this.folder, 'passwd'), NSS_WRAPPER_GROUP: join(this.folder, 'group'),
       XDG_STATE_HOME: join(this.folder, 'state'), XDG_CONFIG_HOME: join(this.folder, 'config'),
+      XDG_RUNTIME_DIR: join(this.folder, 'run'),
     };
   }
 

@@ -56,6 +56,7 @@ export class Driver {
     });
     this.stored = () => JSON.parse(home.orvel('list', '--json'));
     this.pending = () => JSON.parse(home.orvel('pending', '--json'));
+    this.feeds = () => JSON.parse(home.orvel('feed', 'list', '--json')).feeds;
     this.places = () => JSON.parse(home.orvel('place', '--json')).places;
   }
 

@@ -6,6 +6,7 @@ import { readFileSync } from 'node:fs';
 import { kinds } from '../../designer/page/kinds.js';
 import { Home, openBrowser } from './designer.mjs';
 import { Driver, byRole, eventually, fill, press, tabTo } from './driver.mjs';
+import { feeding } from './feeding.mjs';
 import { placing } from './placing.mjs';
 import { sharing } from './sharing.mjs';
 
@@ -179,7 +180,7 @@ const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); },
 try {
   const page = await open();
   for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt, fieldsTakeWhatAPersonWrites,
-    secondWindow, keyboardAlone, placing, sharing, secondCallAndEnd]) {
+    secondWindow, keyboardAlone, placing, sharing, feeding, secondCallAndEnd]) {
     await part(page, driver).catch(async (error) => {
       for (const each of driver.context.pages()) console.error(await each.evaluate(() => document.body.innerText));
       throw error;

@@ -35,6 +35,7 @@ with open(f"{home.name}/systemd-run", "w", encoding="utf-8") as file:
 os.chmod(f"{home.name}/systemd-run", 0o755)
 environment = {**os.environ, "LD_PRELOAD": "libnss_wrapper.so", "NSS_WRAPPER_PASSWD": f"{home.name}/passwd",
                "NSS_WRAPPER_GROUP": "/etc/group", "XDG_STATE_HOME": f"{home.name}/state",
+               "XDG_CONFIG_HOME": f"{home.name}/config",
                "ASAN_OPTIONS": "verify_asan_link_order=0", "PATH": f"{home.name}:{os.environ['PATH']}"}
 designer = subprocess.Popen([f"{build}/orvel", "design", "--no-browser"], env=environment, stdout=subprocess.PIPE, text=True)
 atexit.register(designer.kill)
@@ -81,6 +82,7 @@ def without(headers, name):
     return {key: value for key, value in headers.items() if key != name}
 
 
+FEED = json.dumps({"text": json.dumps({"command": "touch /tmp/x", "every": "1h", "timeout": "10s"})})
 SAVE = ("POST", f"{folder}/api/save")
 for what, method, path, headers, body, status in [
     ("its own page", "GET", f"{folder}/", ours, None, 200),
@@ -106,6 +108,11 @@ for what, method, path, headers, body, status in [
     ("a hidden site writes", *SAVE, {**page, "Origin": "null"}, "{}", 403),
     ("nobody says who writes", *SAVE, without(page, "Origin"), "{}", 403),
     ("a form writes", *SAVE, {**page, "Content-Type": "text/plain"}, "{}", 415),
+    ("another site sets a command", "POST", f"{folder}/api/feeds/put", {**page, "Origin": "https://evil.example"}, FEED, 403),
+    ("another port sets a command", "POST", f"{folder}/api/feeds/put", {**page, "Sec-Fetch-Site": "same-site"}, FEED, 403),
+    ("a command without the cookie", "POST", f"{folder}/api/feeds/put", without(page, "Cookie"), FEED, 403),
+    ("a form sets a command", "POST", f"{folder}/api/feeds/put", {**page, "Content-Type": "application/x-www-form-urlencoded"}, FEED, 415),
+    ("a command for a design that isn't stored", "POST", f"{folder}/api/feeds/put", page, FEED, 422),
     ("no JSON", *SAVE, page, "{", 400),
     ("a wrong type", "POST", f"{folder}/api/type", page, '{"fields":{"title":[1]}}', 400),
     ("a draft of yesterday", "POST", f"{folder}/api/type", page, '{"revision":999,"fields":{"title":"x"}}', 409),
@@ -144,6 +151,8 @@ typed = json.loads(ask("POST", f"{folder}/api/type", page, json.dumps(
     {"revision": state["draft"]["revision"], "fields": {"title": "</script>", "progress": "much", "items": ["a", "b"]}}))[1])
 check("refused by name", [refusal["field"] for refusal in typed["refusals"]], ["progress"])
 check("the others are taken", (typed["draft"]["record"]["title"], typed["draft"]["record"]["items"]), ("</script>", ["a", "b"]))
+
+check("nobody has set a command", os.path.exists(f"{home.name}/config/orvel/feeds.json"), False)
 
 # A body of a gigabyte is refused by its length, and the answer arrives while it is still being sent.
 with socket.create_connection(("127.0.0.1", port), timeout=PATIENCE) as client:

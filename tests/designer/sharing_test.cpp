@@ -45,8 +45,8 @@ TEST_F(SharedDesign, IsPastedAsARecordOrAListOfOne) {
     } rows[] = {
         {R"({"title":"T","kind":"note"})", "T", "a record"},
         {" \n[ {\"title\":\"[T]\",\"kind\":\"note\"} ]\n", "[T]", "a list of one"},
-        {R"([])", "a list of 0 designs; one is wanted ()", "none"},
-        {R"([{"title":"T","kind":"note"},{}])", "a list of 2 designs; one is wanted ()", "which?"},
+        {R"([])", "a list of 0 designs; one is wanted (list)", "none"},
+        {R"([{"title":"T","kind":"note"},{}])", "a list of 2 designs; one is wanted (list)", "which?"},
         {"[\n{\"title\":1,\"kind\":\"note\"}]", "2:10: \"title\" is a number; a string is wanted (title)", "where"},
         {R"({"title":"T","kind":"photo"})", "1:21: \"kind\" must be " + alternatives(kindNames()) + " (kind)",
          "a wrong value"},
