@@ -11,6 +11,7 @@ install(EXPORT OrvelTargets NAMESPACE Orvel:: DESTINATION ${package} COMPONENT d
 install(
   FILES
     model/store_files.h
+    model/widget_field.h
     model/widget_fields.h
     model/widget_kind.h
     model/widget_spec.h

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "designer/workbench.h"
+#include "designer/editing/workbench.h"
 
 namespace orvel::designer {
 

@@ -12,7 +12,7 @@
 #include "designer/feeds/feed_desk.h"
 #include "designer/http/request.h"
 #include "designer/http/response.h"
-#include "designer/workbench.h"
+#include "designer/editing/workbench.h"
 #include "platform/foundation/platform.h"
 #include "platform/symbols/symbols.h"
 

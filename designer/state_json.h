@@ -4,7 +4,7 @@
 #include <string>
 
 #include "designer/card_pictures.h"
-#include "designer/workbench.h"
+#include "designer/editing/workbench.h"
 #include "platform/symbols/symbols.h"
 
 namespace orvel::designer {

@@ -3,7 +3,7 @@
 
 #include "designer/feeds/command_text.h"
 #include "designer/feeds/feed_json.h"
-#include "designer/merge.h"
+#include "designer/editing/merge.h"
 
 namespace orvel::designer {
 namespace {

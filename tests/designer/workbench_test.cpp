@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "designer/merge.h"
-#include "designer/workbench.h"
+#include "designer/editing/merge.h"
+#include "designer/editing/workbench.h"
 #include "model/widget_store.h"
 #include "tests/support/fakes.h"
 

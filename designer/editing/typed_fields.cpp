@@ -1,4 +1,4 @@
-#include "designer/typed_fields.h"
+#include "designer/editing/typed_fields.h"
 
 #include "authoring/field_texts.h"
 #include "model/widget_fields.h"

@@ -1,4 +1,4 @@
-#include "designer/kept_base.h"
+#include "designer/editing/kept_base.h"
 
 #include "authoring/history.h"
 #include "model/widget_spec_json.h"

@@ -1,4 +1,4 @@
-#include "designer/merge.h"
+#include "designer/editing/merge.h"
 
 #include "model/widget_fields.h"
 

@@ -1,11 +1,11 @@
-#include "designer/workbench.h"
+#include "designer/editing/workbench.h"
 
 #include <algorithm>
 
 #include "authoring/designs.h"
 #include "authoring/history.h"
-#include "designer/kept_base.h"
-#include "designer/merge.h"
+#include "designer/editing/kept_base.h"
+#include "designer/editing/merge.h"
 #include "model/store_files.h"
 #include "model/widget_spec_json.h"
 #include "platform/foundation/unicode.h"

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "designer/typed_fields.h"
+#include "designer/editing/typed_fields.h"
 #include "model/widget_fields.h"
 
 namespace orvel::designer {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "authoring/change.h"
-#include "designer/revisions.h"
-#include "designer/typed_fields.h"
+#include "designer/editing/revisions.h"
+#include "designer/editing/typed_fields.h"
 #include "model/widget_spec.h"
 #include "platform/foundation/function_ref.h"
 #include "platform/foundation/outcome.h"
