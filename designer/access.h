@@ -19,14 +19,14 @@ public:
     /// Makes the secrets: 128 random bits each, in hexadecimal digits.
     Access();
 
-    /// For the person's terminal and for files that only the person reads.
+    /// The address for the person's terminal, and for files that only the person can read.
     std::string address(std::uint16_t port) const;
-    /// Good for one visit: for a browser's command line, which every account of the machine can read.
+    /// An address that works for one visit: for a browser's command line, which every account of the machine can read.
     std::string addressForOneVisit(std::uint16_t port);
 
-    /// Absent when the request may be answered.
+    /// The refusal; absent when the request may be answered.
     std::optional<HttpResponse> refuse(const HttpRequest& request, std::uint16_t port);
-    /// To a request for the address: makes the browser keep the secret and go on to the page.
+    /// The answer to a request for the address: the browser keeps the secret and goes on to the page.
     HttpResponse entrance(const HttpRequest& request) const;
     /// A request that isn't refused, as it is within the folder.
     HttpRequest withinFolder(HttpRequest request) const;

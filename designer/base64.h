@@ -1,4 +1,4 @@
-// Bytes in the letters of RFC 4648.
+// Bytes as base64 text (RFC 4648).
 #pragma once
 
 #include <string>

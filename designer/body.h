@@ -21,7 +21,7 @@ struct Body {
     bool inFront = false;
 };
 
-/// Absent for anything else than an object whose known members have the right types.
+/// Absent unless the text is an object whose known members have the right types.
 std::optional<Body> readBody(std::string json);
 
 }  // namespace orvel::designer

@@ -1,4 +1,4 @@
-// Cards of designs as files of pictures and as words.
+// The cards of designs as picture files and as words.
 #pragma once
 
 #include <memory>
@@ -20,9 +20,9 @@ class CardPictures {
 public:
     static Outcome<CardPictures> open(const Platform& platform);
 
-    /// The file's bytes; `scale` is PNG's pixels to the point.
+    /// The file's bytes; `scale` is the pixels of a PNG for each point.
     Outcome<std::string> draw(const WidgetSpec& spec, WidgetFamily family, PictureFormat format, double scale) const;
-    /// A card's lines.
+    /// The lines of a card, as a screen reader says them.
     std::string words(const WidgetSpec& spec) const;
 
 private:

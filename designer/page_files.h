@@ -1,4 +1,4 @@
-// The files that a browser loads, which are part of the program.
+// The files that a browser loads. They are part of the program.
 #pragma once
 
 #include <string_view>

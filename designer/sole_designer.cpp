@@ -22,7 +22,7 @@ using namespace std::chrono_literals;
 
 const Failure noAnswer{"the designer that is running doesn't answer; end it, and call orvel design again"};
 
-// The other one may be about to write it.
+// The other designer may be about to write it.
 Outcome<OtherDesigner> readAddress(int file) {
     for (int attempt = 0; attempt < 100; ++attempt) {
         char address[200];
@@ -56,7 +56,7 @@ std::string answerTo(std::uint16_t port, const std::string& request) {
 void SoleDesigner::publish(const std::string& address) const {
     const bool isWritten = ::ftruncate(file_.get(), 0) == 0 && ::pwrite(file_.get(), address.data(), address.size(),
                                                                         0) == static_cast<ssize_t>(address.size());
-    (void)isWritten;  // then the next one says that this one doesn't answer
+    (void)isWritten;  // if it isn't, the next designer says that this one doesn't answer
 }
 
 Outcome<std::variant<SoleDesigner, OtherDesigner>> becomeSoleDesigner(const Platform& platform) {

@@ -1,4 +1,4 @@
-// That a person has one designer: the first to come holds a file, in which the others find its address.
+// Keeps a person to one designer: the first one holds a lock on a file, in which the others find its address.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@
 
 namespace orvel::designer {
 
-/// The first one holds this as long as it runs.
+/// The first one holds this for as long as it runs.
 class SoleDesigner {
 public:
     explicit SoleDesigner(Descriptor file) : file_(std::move(file)) {}

@@ -19,8 +19,8 @@ struct FieldRefusal {
     std::string reason;
 };
 
-/// Changes the record as the record's constructor would have it. The fields that can't be as they were typed stay as
-/// they were, and are returned.
+/// Changes the record, with the limits of its constructor. Fields whose text can't be taken keep their values, and are
+/// returned.
 std::vector<FieldRefusal> typeInto(WidgetSpec& spec, const std::vector<TypedField>& fields, const Platform& platform);
 
 }  // namespace orvel::designer

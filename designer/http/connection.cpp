@@ -23,7 +23,7 @@ bool HttpConnection::proceed() {
     return !(output_.empty() && hasEnded_);
 }
 
-// Not all at once: the others wait, and what is left in the socket calls again.
+// Reads a limited amount, so that others needn't wait long; the loop calls again for what is left in the socket.
 bool HttpConnection::receive() {
     char bytes[16 << 10];
     for (int turn = 0; turn < 16 && wantsInput(); ++turn) {

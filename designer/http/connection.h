@@ -14,19 +14,20 @@ class HttpConnection {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// A socket that doesn't block. Handlers and limits must outlive this.
+    /// `socket` must not block. Handlers and limits must outlive the connection.
     HttpConnection(Descriptor socket, const HttpServer::Handlers& handlers, const HttpLimits& limits);
 
-    /// Reads what is there, answers what is complete, writes what the client takes. False: it is over.
+    /// Reads what is there, answers what is complete, and writes what the client takes. False when the connection is
+    /// over.
     bool proceed();
 
     void sendEvent(const std::string& text);
     bool isStream() const { return isStream_; }
     bool hasOutput() const { return !output_.empty(); }
     bool wantsInput() const { return !hasEnded_ && input_.size() < limits_.headBytes + limits_.bodyBytes; }
-    /// Since when the client has owed something, or been idle.
+    /// When the client began to be late with something, or idle.
     Clock::time_point since() const { return since_; }
-    /// When it is dropped, unless the client does what it owes. A stream that has taken all may stay as it is.
+    /// When it is dropped unless the client does its part. Absent for an event stream that has taken everything.
     std::optional<Clock::time_point> deadline() const;
 
 private:
@@ -41,12 +42,12 @@ private:
     const HttpLimits& limits_;
     std::string input_;
     std::string output_;
-    std::optional<HttpRequest> request_;  ///< whose body is on its way
+    std::optional<HttpRequest> request_;  ///< its body hasn't arrived completely
     Clock::time_point since_ = Clock::now();
     bool isStream_ = false;
-    bool isClosing_ = false;  ///< once the output is out; what still comes in is passed over
+    bool isClosing_ = false;  ///< after the output is written; further input is ignored
     bool isOutputEnded_ = false;
-    bool hasEnded_ = false;  ///< nothing more comes in
+    bool hasEnded_ = false;  ///< the client sends nothing more
 };
 
 }  // namespace orvel::designer

@@ -1,5 +1,5 @@
 // Requests of HTTP/1.1 (RFC 9112), as far as a page's own server needs them: bodies with a length, no trailers, no
-// folded lines. Whatever is doubtful is refused.
+// folded lines. What is ambiguous is refused.
 #pragma once
 
 #include <cstddef>
@@ -21,14 +21,14 @@ struct HttpRequest {
     bool keepsConnection = true;
     std::string body = {};
 
-    /// Empty when it isn't there.
+    /// Empty when there is no such header.
     std::string_view header(const std::string& name) const;
     std::string_view parameter(const std::string& name) const;
-    /// A cookie's value (RFC 6265); empty when it isn't there.
+    /// A cookie's value (RFC 6265); empty when there is no such cookie.
     std::string_view cookie(std::string_view name) const;
 };
 
-/// Why a request isn't understood: a status of RFC 9110 and a line for a person.
+/// Why a request is refused: a status of RFC 9110 and a line for a person.
 struct BadRequest {
     int status;
     std::string reason;

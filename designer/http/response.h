@@ -21,8 +21,8 @@ HttpResponse refusal(int status, std::string_view reason, std::string_view field
 
 enum class Connection { keep, close };
 
-/// As it is sent (RFC 9112), with the headers that every answer has: a browser keeps nothing, loads nothing from
-/// elsewhere and shows nothing within other pages.
+/// The response as it is sent (RFC 9112), with the headers that every response has: a browser caches nothing, loads
+/// nothing from elsewhere, and shows the page in no frame.
 std::string serialized(const HttpResponse& response, Connection connection);
 
 }  // namespace orvel::designer

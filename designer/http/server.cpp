@@ -76,7 +76,7 @@ private:
         }
     }
 
-    // Streams are pages that are open, and stay.
+    // Event streams belong to open pages, and aren't dropped.
     bool dropOldest() {
         const auto oldest = std::ranges::min_element(connections_, {}, [](const auto& entry) {
             return std::pair(entry.second.isStream(), entry.second.since());
@@ -109,7 +109,7 @@ private:
         sweepInTime();
     }
 
-    // With nothing but streams, nothing wakes.
+    // With nothing but event streams, no timer is set.
     void sweepInTime() {
         std::optional<HttpConnection::Clock::time_point> first;
         for (const auto& [descriptor, connection] : connections_)

@@ -19,7 +19,7 @@
 
 namespace orvel::designer {
 
-/// What a client may cost.
+/// Limits of what clients can use up.
 struct HttpLimits {
     std::size_t headBytes = 16 << 10;
     std::size_t bodyBytes = 1 << 20;
@@ -33,10 +33,10 @@ struct HttpLimits {
 class HttpServer {
 public:
     struct Handlers {
-        /// Asked when a request's head is there, before its body is read. An answer refuses it.
+        /// Called when a request's head has arrived, before its body is read. A response refuses the request.
         std::function<std::optional<HttpResponse>(const HttpRequest&)> refuse;
         std::function<HttpResponse(const HttpRequest&)> answer;
-        /// Told when the number of open event streams has changed.
+        /// Called when the number of open event streams has changed.
         std::function<void(std::size_t)> streamsChanged;
     };
 
