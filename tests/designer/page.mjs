@@ -33,6 +33,18 @@ const typed = {
 };
 const titles = { metric: 'Active users', list: 'Groceries', note: '<b>x</b><img src=x onerror=alert(1)>' };
 
+// The fields that the page has for that kind, once it shows them.
+async function fieldsOf(kind, page) {
+  let visible;
+  await eventually(`the fields of ${kind}`, true, async () => {
+    const { record, shows } = await page.evaluate(async () => (await (await fetch('api/state?scale=2')).json()).draft);
+    visible = await page.locator('[data-field]').evaluateAll((blocks) =>
+      blocks.filter((block) => block.checkVisibility()).map((block) => block.dataset.field));
+    return record.kind === kind && visible.toSorted().join() === shows.toSorted().join();
+  });
+  return visible.filter((field) => field !== 'title');
+}
+
 async function eachKindFromNothing(page) {
   page.on('dialog', () => assert.fail('a text of a design ran'));
   for (const [kind, { names }] of Object.entries(kinds)) {
@@ -42,9 +54,8 @@ async function eachKindFromNothing(page) {
     const title = titles[kind] ?? `A ${kind}`;
     await fill(page, { Title: title });
     const options = [];
-    for (const block of await page.locator('[data-field]:not([data-field=title])').all()) {
-      if (!(await block.isVisible())) continue;
-      const [label, value, words] = typed[await block.getAttribute('data-field')];
+    for (const field of await fieldsOf(kind, page)) {
+      const [label, value, words] = typed[field];
       await fill(page, { [label]: value });
       options.push(...words);
     }
