@@ -25,11 +25,8 @@ std::optional<NoDisplay> whyUnconnected() {
 Result<std::unique_ptr<WindowSystem>, NoDisplay> openWindowSystem(EventLoop& loop) {
     auto wayland = WaylandDisplay::connect();
     if (wayland && wayland->layerShell) return makeWaylandWindowSystem(std::move(wayland), loop);
-    if (auto x11 = X11Display::connect()) {
-        const char* const why =
-            wayland ? "the Wayland compositor has no layer shell; the card is a window of its X server" : nullptr;
-        return makeX11WindowSystem(std::move(x11), why, loop);
-    }
+    if (auto x11 = X11Display::connect())
+        return makeX11WindowSystem(std::move(x11), wayland ? XServerOf::waylandCompositor : XServerOf::session, loop);
     if (auto why = whyUnconnected()) return *std::move(why);
     if (wayland && wayland->windowShell) return makeWaylandWindowSystem(std::move(wayland), loop);
     return NoDisplay{"there is no display: neither a Wayland compositor nor an X server answers"};

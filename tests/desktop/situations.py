@@ -39,8 +39,17 @@ def uncover(server, window):
     expect_cards(server, "when the window over them is closed")
 
 
+LIMITS = ("Wayland compositor", "KWin puts")  # how lines begin that tell of them
+
+
 def as_drawn(server):
     expect_cards(server, "as the command draws them")
+    said = [line for line in (server.work / "said").read_text(errors="replace").splitlines()
+            if line.startswith("orvel: ") and any(limit in line for limit in LIMITS)]
+    if (server.cannot or server.blurred) and not server.says:
+        raise Failed("nothing is said of what it can't do")
+    if bool(said) != bool(server.says) or not all(server.says in line for line in said):
+        raise Failed(f"at the start it says {said} instead of {server.says}")
 
 
 def under_windows(server):

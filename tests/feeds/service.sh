@@ -100,13 +100,17 @@ until_is 2 running
 kill -9 "$service"
 until_is 0 running
 
-# The cards' own command brings the service along, and takes it away.
+# The cards' own command brings the service along as soon as there are feeds, and takes it away.
 if command -v Xvfb > /dev/null; then
     Xvfb -displayfd 3 -noreset -nolisten tcp 3> "$work/display" 2> /dev/null &
     screen=$!
     until_is '[0-9]*' cat "$work/display"
+    mv "$home/.config/orvel/feeds.json" "$work"
     DISPLAY=:$(cat "$work/display") WAYLAND_DISPLAY='' LD_PRELOAD=libnss_wrapper.so "$build/orvel" desktop 2>> "$work/said" &
     service=$!
+    until_is '*inotify*' sh -c "ls -l /proc/$service/fd"
+    sleep 0.5 # as a person is slower than its start
+    mv "$work/feeds.json" "$home/.config/orvel"
     until_is 2 running
     kill -9 "$service"
     until_is 0 running

@@ -29,6 +29,7 @@ public:
     struct Offers {
         bool layerShell = true;
         bool fractionalScales = false;
+        bool plasmaShell = false;
     };
 
     /// The client's requests, oldest first: "wl_surface.attach", with what a test may want to know behind it.
@@ -48,6 +49,8 @@ public:
             offer(wp_viewporter_interface, 1);
             offer(wp_fractional_scale_manager_v1_interface, 1);
         }
+        static const wl_interface plasmaShell{"org_kde_plasma_shell", 1, 0, nullptr, 0, nullptr};
+        if (offers.plasmaShell) offer(plasmaShell, 1);
         int ends[2];
         if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) std::abort();
         client_ = wl_client_create(display_, ends[0]);

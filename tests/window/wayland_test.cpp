@@ -157,12 +157,31 @@ TEST_F(WaylandCard, WaitsForTheOutputItWasMeantFor) {
 TEST_F(WaylandCard, IsAPlainWindowWithoutLayerShell) {
     open({.layerShell = false});
     ASSERT_TRUE(until(has("wl_surface.attach")));
-    EXPECT_EQ(notices.size(), 1u);
     EXPECT_EQ(compositor->count("xdg_toplevel.set_title 42, ACTIVE USERS"), 1u);
     surface->contentChanged("43, ACTIVE USERS");
     EXPECT_TRUE(until(has("xdg_toplevel.set_title 43")));
     compositor->on([&] { wl_resource_post_event(compositor->newest("xdg_toplevel"), 1); });
     EXPECT_TRUE(until([&](auto&) { return ends == std::vector<std::string>{"closed"}; }));
+}
+
+TEST_F(WaylandCard, SaysAtTheStartWhatItCantDo) {
+    const std::pair<FakeCompositor::Offers, std::vector<std::string>> cases[] = {
+        {{.fractionalScales = true}, {}},
+        {{}, {"the Wayland compositor tells programs whole scales alone; at any other, cards are a little blurred"}},
+        {{.fractionalScales = true, .plasmaShell = true},
+         {"KWin puts cards away together with the windows when it shows the desktop"}},
+        {{.layerShell = false, .fractionalScales = true},
+         {"the Wayland compositor has no layer shell, and there is no X server; cards are plain windows, which lie "
+          "where "
+          "the compositor puts them"}},
+    };
+    for (const auto& [offers, expected] : cases) {
+        notices.clear();
+        open(offers);
+        EXPECT_EQ(notices, expected);
+        surface.reset();
+        windows.reset();
+    }
 }
 
 TEST_F(WaylandCard, TellsOnceWhenTheCompositorIsGone) {

@@ -4,6 +4,7 @@
 #include "authoring/references.h"
 #include "desktop/placed_cards.h"
 #include "desktop/sole_service.h"
+#include "feeds/feeds.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
 #include "platform/host/desktop.h"
@@ -26,6 +27,31 @@ Outcome<Place> onlyPlace(const PlaceChoices& choices, const Platform& platform) 
     choices.applyTo(only);
     return only;
 }
+
+// The placed cards, and the feeds that keep them current as soon as there are any.
+class CardsWithFeeds final : public CardSource {
+public:
+    CardsWithFeeds(PlacedCards& cards, const Platform& platform)
+        : cards_(cards), feedsFile_(feedsFile(platform)), feeds_(platform) {}
+
+    std::vector<CardOnShow> cards() const override { return cards_.cards(); }
+    void reload() override {
+        cards_.reload();
+        feeds_.serve();
+    }
+    void look() override { cards_.look(); }
+    Date nextLook() const override { return cards_.nextLook(); }
+    std::vector<std::filesystem::path> dependencies() const override {
+        auto paths = cards_.dependencies();
+        paths.push_back(feedsFile_);
+        return paths;
+    }
+
+private:
+    PlacedCards& cards_;
+    std::filesystem::path feedsFile_;
+    FeedsBeside feeds_;
+};
 
 }  // namespace
 
@@ -60,9 +86,10 @@ Outcome<Done> desktop(const PlaceChoices& choices, const Platform& platform, Con
         if (!only) return only.failure();
         shown.only = *std::move(only);
     }
-    if (choices.isEmpty() && !choices.withoutFeeds) serveFeedsBeside(platform);
     PlacedCards cards(std::move(shown), platform);
-    const auto ended = showOnDesktop(cards, {.program = "orvel-widget", .untitled = "Orvel", .notice = notice});
+    CardsWithFeeds withFeeds(cards, platform);
+    CardSource& source = choices.isEmpty() && !choices.withoutFeeds ? static_cast<CardSource&>(withFeeds) : cards;
+    const auto ended = showOnDesktop(source, {.program = "orvel-widget", .untitled = "Orvel", .notice = notice});
     if (!ended) return Failure{ended.failure().reason};
     return Done{};
 }

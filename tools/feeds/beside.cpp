@@ -12,12 +12,15 @@
 
 namespace orvel::tools {
 
-void serveFeedsBeside(const Platform& platform) {
-    const auto feeds = readFeeds(platform);
+void FeedsBeside::serve() {
+    if (isStarted_) return;
+    const auto feeds = readFeeds(platform_);
     if ((feeds && feeds->empty()) || findSole(FeedService::lockName)) return;
     const std::string program = ownProgram("orvel-feeds");
     const pid_t parent = ::getpid();
-    if (::fork() != 0) return;
+    const pid_t child = ::fork();
+    isStarted_ = child > 0;
+    if (child != 0) return;
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
     if (::getppid() == parent) ::execl(program.c_str(), program.c_str(), nullptr);
     ::_exit(1);

@@ -5,7 +5,17 @@
 
 namespace orvel::tools {
 
-/// Starts it where there are feeds that nothing serves; it ends with this process, which must have one thread.
-void serveFeedsBeside(const Platform& platform);
+class FeedsBeside {
+public:
+    explicit FeedsBeside(const Platform& platform) : platform_(platform) {}
+
+    /// Starts it where there are feeds that nothing serves, unless it was started before. It ends with this process,
+    /// which must have one thread.
+    void serve();
+
+private:
+    const Platform& platform_;
+    bool isStarted_ = false;
+};
 
 }  // namespace orvel::tools

@@ -31,6 +31,7 @@ struct WaylandDisplay::Events {
         if (!hadSeat && self.seat) wl_seat_add_listener(self.seat.get(), &seatListener, data);
         bind(self.viewporter, wp_viewporter_interface, 1);
         bind(self.fractionalScales, wp_fractional_scale_manager_v1_interface, 1);
+        if (std::string_view(interface) == "org_kde_plasma_shell") self.isKWin = true;  // nobody else offers it
 
         WaylandPtr<wl_output> output;
         bind(output, wl_output_interface, 4);

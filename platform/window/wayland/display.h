@@ -52,6 +52,7 @@ public:
     WaylandPtr<wp_viewporter> viewporter;
     WaylandPtr<wp_fractional_scale_manager_v1> fractionalScales;
 
+    bool isKWin = false;
     bool seatHasPointer = false;
     std::function<void()> pointerCameOrWent;
 

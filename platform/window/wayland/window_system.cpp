@@ -16,9 +16,7 @@ public:
 
     void serve(Handlers handlers) override {
         handlers_ = std::move(handlers);
-        if (!display_->layerShell)
-            handlers_.notice(
-                "the Wayland compositor has no layer shell, and there is no X server; the card is a plain window");
+        if (const char* const limits = this->limits()) handlers_.notice(limits);
         display_->serve(
             loop_, [this] { outputsChanged(); }, [this](const std::string& why) { handlers_.ended(why); });
     }
@@ -51,6 +49,18 @@ public:
     }
 
 private:
+    // What cards can't do here, in a sentence for a person; null when there is nothing of the kind.
+    const char* limits() const {
+        if (!display_->layerShell)
+            return "the Wayland compositor has no layer shell, and there is no X server; cards are plain windows, "
+                   "which "
+                   "lie where the compositor puts them";
+        if (display_->isKWin) return "KWin puts cards away together with the windows when it shows the desktop";
+        if (!display_->fractionalScales)
+            return "the Wayland compositor tells programs whole scales alone; at any other, cards are a little blurred";
+        return nullptr;
+    }
+
     void outputsChanged() {
         rooms_.remove_if([this](const OutputRoom& room) { return !display_->outputWithId(room.output()); });
         lookForRooms();

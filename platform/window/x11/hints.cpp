@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -19,6 +20,16 @@ std::optional<xcb_window_t> windowIn(const std::string& bytes) {
     if (bytes.size() < sizeof window) return std::nullopt;
     std::memcpy(&window, bytes.data(), sizeof window);
     return window;
+}
+
+// Empty without one.
+std::string nameOf(const X11Display& display, xcb_window_t windowManager) {
+    if (windowManager == XCB_WINDOW_NONE) return {};
+    return display.property(windowManager, "_NET_WM_NAME", display.atom("UTF8_STRING"));
+}
+
+bool contains(const std::string& text, std::string_view part) {
+    return text.find(part) != text.npos;
 }
 
 class Properties {
@@ -74,11 +85,17 @@ xcb_window_t findWindowManager(const X11Display& display) {
 }
 
 Keeper chooseKeeper(const X11Display& display, xcb_window_t windowManager) {
-    if (windowManager == XCB_WINDOW_NONE) return Keeper::itself;
-    const std::string name = display.property(windowManager, "_NET_WM_NAME", display.atom("UTF8_STRING"));
-    for (const std::string_view each : drawUnmanagedOnTop)
-        if (name.find(each) != name.npos) return Keeper::windowManager;
-    return Keeper::itself;
+    const std::string name = nameOf(display, windowManager);
+    const bool drawsOnTop = std::ranges::any_of(drawUnmanagedOnTop, [&](auto each) { return contains(name, each); });
+    return drawsOnTop ? Keeper::windowManager : Keeper::itself;
+}
+
+std::string limitsInsideWayland(const X11Display& display, xcb_window_t windowManager) {
+    const std::string name = nameOf(display, windowManager);
+    const std::string general = "the Wayland compositor has no layer shell; cards are windows of its X server";
+    if (contains(name, "Weston"))
+        return general + ", which lie above older windows, keep clicks to themselves and stay on one workspace";
+    return general + ", which may give a monitor that comes back another name";
 }
 
 void describe(const X11Display& display, xcb_window_t id, const SurfaceRequest& request, Keeper keeper,

@@ -19,6 +19,9 @@ xcb_window_t findWindowManager(const X11Display& display);
 /// Of a window that is to be below others: itself, save where the window manager would show it above them.
 Keeper chooseKeeper(const X11Display& display, xcb_window_t windowManager);
 
+/// What cards can't do on the X server of a Wayland compositor without layer shell, in a sentence for a person.
+std::string limitsInsideWayland(const X11Display& display, xcb_window_t windowManager);
+
 void describe(const X11Display& display, xcb_window_t window, const SurfaceRequest& request, Keeper keeper,
               const PixelRect& area);
 void setTitle(const X11Display& display, xcb_window_t window, const std::string& title);

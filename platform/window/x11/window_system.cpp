@@ -9,8 +9,8 @@ namespace {
 
 class X11WindowSystem final : public WindowSystem {
 public:
-    X11WindowSystem(std::unique_ptr<X11Display> display, const char* notice, EventLoop& loop)
-        : display_(selectEvents(std::move(display))), stacking_(*display_, loop), notice_(notice), loop_(loop) {
+    X11WindowSystem(std::unique_ptr<X11Display> display, XServerOf whose, EventLoop& loop)
+        : display_(selectEvents(std::move(display))), stacking_(*display_, loop), whose_(whose), loop_(loop) {
         resources_ = display_->atom("RESOURCE_MANAGER");
         workAreaAtom_ = display_->atom("_NET_WORKAREA");
         deleteWindow_ = display_->atom("WM_DELETE_WINDOW");
@@ -25,7 +25,7 @@ public:
 
     void serve(Handlers handlers) override {
         handlers_ = std::move(handlers);
-        if (notice_) handlers_.notice(notice_);
+        if (whose_ == XServerOf::waylandCompositor) handlers_.notice(limitsInsideWayland(*display_, windowManager_));
         display_->serve(
             loop_, [this](const xcb_generic_event_t& event) { handle(event); },
             [this] { handlers_.ended("the X server has gone away"); });
@@ -138,7 +138,7 @@ private:
 
     std::unique_ptr<X11Display> display_;
     X11Stacking stacking_;
-    const char* notice_;
+    XServerOf whose_;
     EventLoop& loop_;
     Handlers handlers_;
     xcb_atom_t resources_;
@@ -156,9 +156,9 @@ private:
 
 }  // namespace
 
-std::unique_ptr<WindowSystem> makeX11WindowSystem(std::unique_ptr<X11Display> display, const char* notice,
+std::unique_ptr<WindowSystem> makeX11WindowSystem(std::unique_ptr<X11Display> display, XServerOf whose,
                                                   EventLoop& loop) {
-    return std::make_unique<X11WindowSystem>(std::move(display), notice, loop);
+    return std::make_unique<X11WindowSystem>(std::move(display), whose, loop);
 }
 
 }  // namespace orvel

@@ -8,8 +8,12 @@
 
 namespace orvel {
 
-/// `notice` is a sentence for the person, or null.
-std::unique_ptr<WindowSystem> makeX11WindowSystem(std::unique_ptr<X11Display> display, const char* notice,
+enum class XServerOf {
+    session,
+    waylandCompositor  ///< one without layer shell
+};
+
+std::unique_ptr<WindowSystem> makeX11WindowSystem(std::unique_ptr<X11Display> display, XServerOf whose,
                                                   EventLoop& loop);
 
 }  // namespace orvel

@@ -56,6 +56,7 @@ class Mutter(Nested):
     lacks = {"root menus": "its desktop has no menu"}
     cannot = {"output lost and back": "its X server gives a monitor that comes back another name, so a card that was "
                                       "placed on it by name stays away"}
+    says = "which may give a monitor that comes back another name"
 
     def start_compositor(self, environment):
         return self.start("mutter", "--nested", "--wayland", "--wayland-display", "nested", environment={
@@ -101,6 +102,7 @@ class Weston(Nested):
     cannot = {"under windows": "its X server's windows lie as they came: a card is above those that are older",
               "clicks pass": "it puts every window into a frame, which takes them",
               "all workspaces": "a window is on one of them alone"}
+    says = "which lie above older windows, keep clicks to themselves and stay on one workspace"
     cover = f"{WIDTH + 40}x{HEIGHT + 40}+0+0"  # one that fits goes anywhere
 
     @contextlib.contextmanager

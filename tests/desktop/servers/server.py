@@ -34,6 +34,8 @@ class Server(Cards):
     blurred = {}    # situation: why the card is there, but not pixel for pixel
     cannot = {}     # situation: why the desktop can't do it, although it has the means; it is tried, and has to fail
 
+    says = None     # a part of the line at the start that tells of what is blurred or impossible
+
     # Each server has these besides: begin and stop (the server alone), pictures (of the outputs that are on), click,
     # scale_to, lose_output and give_output_back.
 

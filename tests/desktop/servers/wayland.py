@@ -48,6 +48,7 @@ class Sway(Layered):
     lacks = {"root menus": "its desktop has no menu", "show desktop": "it has no such command",
              "output lost and back": "outputs without a monitor can't be switched off in this version"}
     blurred = {"scale 1.5": "this version lets programs draw at whole scales alone, and reduces what they drew"}
+    says = "tells programs whole scales alone"
 
     def begin(self):
         ready, file = self.work / "ready", self.work / "sway"
@@ -103,6 +104,7 @@ class KWin(Layered):
     lacks = {"root menus": "the menu is another program's"}
     cannot = {"show desktop": "it brings the desktop's own windows in front of everything else, and a card that counts as "
                               "one of these would vanish behind the wallpaper when that is clicked"}
+    says = "puts cards away together with the windows when it shows the desktop"
 
     below_the_card = Server.below_the_card
 
