@@ -75,10 +75,10 @@ private:
     void look() {
         source_.look();
         show();
-        releaseProgramPages();
     }
 
-    // When all is drawn, what only starting, reading and preparing took is no longer needed.
+    // When all is drawn, what only starting, reading and preparing took is no longer needed. What each minute's look
+    // takes stays from then on: it would have to be read from the disk again when the system's cache is short of room.
     void rest() {
         board_.stopDrawing();
         releaseProgramPages();
