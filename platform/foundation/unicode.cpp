@@ -165,8 +165,12 @@ std::string limitingMarks(std::string_view text, std::size_t most) {
     for (int length = 0; !text.empty(); text.remove_prefix(static_cast<std::size_t>(length))) {
         ucs4_t character = 0;
         length = u8_mbtouc(&character, bytes(text), text.size());
-        marks = character >= 0x80 && uc_is_general_category(character, UC_MARK) ? marks + 1 : 0;
-        if (marks <= most) limited += text.substr(0, static_cast<std::size_t>(length));
+        const bool isMark = character >= 0x80 && uc_is_general_category(character, UC_MARK);
+        if (isMark)
+            ++marks;
+        else if (character < 0x80 || !uc_is_general_category(character, UC_FORMAT))
+            marks = 0;
+        if (!isMark || marks <= most) limited += text.substr(0, static_cast<std::size_t>(length));
     }
     return limited;
 }

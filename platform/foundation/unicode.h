@@ -40,7 +40,8 @@ std::string_view prefix(std::string_view text, std::size_t count);
 /// The position of the first boundary between extended grapheme clusters at or after that byte.
 std::size_t clusterBoundary(std::string_view text, std::size_t byte);
 
-/// The text with at most that many marks (general category M) in a row; further ones are removed.
+/// The text with at most that many marks (general category M) on a letter; further ones are removed. Invisible format
+/// characters (Cf), such as joiners, don't begin another letter.
 std::string limitingMarks(std::string_view text, std::size_t most);
 
 /// The text without code points of general category Zs and tabs at both ends. Line breaks stay.
