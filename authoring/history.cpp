@@ -47,8 +47,9 @@ bool readInto(json::Value& value, Places& places) {
             if (name == "sameId") return readInto(member, sameId);
             return name != "design" || readInto(member, spec);
         });
-        if (isRead && spec) places.push_back({index, *std::move(spec), sameId});
-        return isRead && spec.has_value();
+        if (!isRead || !spec) return false;
+        places.push_back({index, *std::move(spec), sameId});
+        return true;
     });
 }
 

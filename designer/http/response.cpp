@@ -45,7 +45,7 @@ std::string serialized(const HttpResponse& response, Connection connection) {
     std::string text = "HTTP/1.1 " + std::to_string(response.status) + ' ' + phrase(response.status) + "\r\n";
     text += everyAnswersHeaders;
     text += "Content-Type: " + response.type + "\r\n";
-    for (const auto& [name, value] : response.headers) text.append(name).append(": ").append(value).append("\r\n");
+    for (const auto& [name, value] : response.headers) text += name + ": " + value + "\r\n";
     if (!response.isEventStream) text += "Content-Length: " + std::to_string(response.body.size()) + "\r\n";
     if (connection == Connection::close) text += "Connection: close\r\n";
     return text + "\r\n" + response.body;
