@@ -23,7 +23,7 @@ need() {
 eventually() {
   local start=$SECONDS
   until "$@"; do
-    ((SECONDS - start < 20)) || fail "waited in vain: $*"
+    ((SECONDS - start < 60)) || fail "still not true after a minute: $*"
     sleep 0.02
   done
 }
@@ -140,9 +140,9 @@ become() {
 # and the accent's.
 hasKnownColours() {
   become progress put progress
-  [ "$(colour $((x + $(pixels 85))) $((y + $(pixels 4))))" = "srgb(22,22,25)" ] || fail "another background"
+  [ "$(colour $((x + $(pixels 85))) $((y + $(pixels 4))))" = "srgb(22,22,25)" ] || fail "the card has another background colour"
   [ "$(colour "$x" "$y")" = "$desktop" ] || fail "the corner isn't transparent"
-  convert "$work/shot.ppm" -depth 8 -format %c histogram:info: | grep -q '#FF453A' || fail "nothing has the accent"
+  convert "$work/shot.ppm" -depth 8 -format %c histogram:info: | grep -q '#FF453A' || fail "nothing on the card has the accent colour"
 }
 
 showsEveryKind() {

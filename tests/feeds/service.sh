@@ -63,7 +63,7 @@ touch "$home/broken"
 until_is 'no news since *' field count secondary
 grep -q 'count: exit status 1: it is broken' "$work/said" || fail "standard error doesn't say why"
 [ "$(feeds count failure)" = "exit status 1: it is broken" ] || fail "the list doesn't say why: $(feeds count failure)"
-[ "$(orvel feed run count 2>&1 | tail -n 1)" = "orvel: count: exit status 1: it is broken" ] || fail "nor does a run"
+[ "$(orvel feed run count 2>&1 | tail -n 1)" = "orvel: count: exit status 1: it is broken" ] || fail "feed run doesn't say why"
 rm "$home/broken"
 feed run count
 [ "$(field count secondary)" = usual ] || fail "the line isn't back: $(field count secondary)"
@@ -85,16 +85,16 @@ feed add other --every 1d -- echo 'primary=third'
 until_is third field other primary
 
 # One service, which ends with all that it started; also when it is killed.
-[ "$(orvel feeds 2>&1)" = "orvel: your feeds are served already, by process $service" ] || fail "a second service"
+[ "$(orvel feeds 2>&1)" = "orvel: your feeds are served already, by process $service" ] || fail "a second service runs beside the first"
 feed add long --every 1s --timeout 1h -- sh -c "setsid sleep $mark.1 & sleep $mark.2"
 until_is 2 running
-[ "$(orvel feed run long 2>&1 | cut -d' ' -f 2,3)" = "long: process" ] || fail "it runs twice at once"
+[ "$(orvel feed run long 2>&1 | cut -d' ' -f 2,3)" = "long: process" ] || fail "the feed runs twice at the same time"
 kill "$service"
 wait "$service" || fail "it ends with $?"
 until_is 0 running
-feeds count news | grep -q . || fail "what it knew is gone"
+feeds count news | grep -q . || fail "the feed's status is lost when the service ends"
 rm "$work"/runtime/*.json
-feeds count news | grep -q . || fail "what it knew is gone with the session"
+feeds count news | grep -q . || fail "the feed's status is lost with the session's folder"
 serve
 until_is 2 running
 kill -9 "$service"
@@ -117,5 +117,5 @@ if command -v Xvfb > /dev/null; then
 fi
 feed remove long
 feed remove count
-[ "$(orvel feed list --json | grep -c '"name"')" = 1 ] || fail "not removed"
+[ "$(orvel feed list --json | grep -c '"name"')" = 1 ] || fail "the feed isn't removed"
 echo "feeds served: all well"

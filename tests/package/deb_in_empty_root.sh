@@ -27,7 +27,7 @@ inside apt-get -q update
 inside apt-get -q install -y --simulate --install-recommends /orvel.deb | grep '^Inst fonts-noto' ||
     fail "what it recommends isn't in Debian 12"
 inside apt-get -q install -y --no-install-recommends /orvel.deb
-[ -z "$(find "$root/etc" "$root/root" -name '*orvel*')" ] || fail "installing alone turns something on"
+[ -z "$(find "$root/etc" "$root/root" -name '*orvel*')" ] || fail "installing turns something on"
 
 [[ "$(inside orvel --version)" == "orvel "* ]] || fail "no version"
 inside orvel add --kind metric --title Users --primary 42 --symbol person.2.fill
@@ -38,7 +38,7 @@ inside orvel inspect | grep -q '"text":"42"' || fail "the card doesn't show the 
 code=0
 inside orvel-widget 2> "$root/said" || code=$?
 [ "$code" = 1 ] || fail "without a display, orvel-widget exits with $code"
-[ "$(wc -l < "$root/said")" = 1 ] || fail "not one line: $(cat "$root/said")"
+[ "$(wc -l < "$root/said")" = 1 ] || fail "other than one line on standard error: $(cat "$root/said")"
 
 inside orvel design --no-browser 2> "$root/said" && fail "a designer that isn't installed serves"
 [[ "$(cat "$root/said")" == *"package orvel-designer" ]] || fail "the package isn't named: $(cat "$root/said")"
@@ -63,6 +63,6 @@ inside orvel autostart off
 store="$root/root/Library/Application Support/Orvel/widgets.json"
 cp "$store" "$root/before.json"
 inside apt-get -q purge -y orvel orvel-designer
-[ -z "$(find "$root/usr" "$root/etc" -name '*orvel*')" ] || fail "something stays behind"
+[ -z "$(find "$root/usr" "$root/etc" -name '*orvel*')" ] || fail "removing the packages leaves something behind"
 cmp "$root/before.json" "$store" || fail "the person's designs changed"
 echo "the packages in an empty Debian 12: all well"

@@ -7,7 +7,7 @@ set -eu
 . "$(dirname "$0")/installed.sh"
 
 unit=$prefix/share/systemd/user/orvel-widget.service
-[ -z "$(find "$prefix" -path '*/xdg/autostart/*' -o -name '*.wants')" ] || fail "installing alone turns it on"
+[ -z "$(find "$prefix" -path '*/xdg/autostart/*' -o -name '*.wants')" ] || fail "installing turns it on"
 
 orvel() { env XDG_CONFIG_HOME="${configuration:-}" LD_PRELOAD=libnss_wrapper.so "$prefix/bin/orvel" "$@"; }
 orvel autostart on
@@ -61,7 +61,7 @@ started() { # with that PATH and that answer of systemctl
     grep -v import-environment "$calls" || true
 }
 units="orvel-feeds.service orvel-widget.service"
-[ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start $units" ] || fail "two cards: $(cat "$calls")"
+[ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start $units" ] || fail "systemd isn't all that starts a card: $(cat "$calls")"
 grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the unit isn't told of the display"
 [ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = "card desktop" ] || fail "no card where systemd doesn't know the unit"
 [ "$(started "$work/none" 0)" = "card desktop" ] || fail "no card without systemd"

@@ -172,5 +172,5 @@ fi
 [ ! -e evil ] || fail "an id was evaluated"
 mkdir again
 "$build/tools/documentation/orvel_documentation" "$here/../../docs" again
-diff -r "$documents" again || fail "another run writes other texts"
+diff -r "$documents" again || fail "a second run writes different documents"
 echo "manual page and completions: all well"

@@ -36,7 +36,7 @@ german "$orvel" inspect | grep -q '"text":"Gestalten Sie eines in Orvel"' || fai
 han='{"id":"A","title":"","kind":"note","accentHex":"","symbol":"","primary":"直角","createdAt":0}'
 draw_in() { echo "$han" | LC_ALL=$1 wrapped "$orvel" render --design - -o - $2; }
 draw_in C.UTF-8 "--lang zh_CN" > chinese.png
-draw_in ja_JP.UTF-8 "--lang zh_CN" | cmp - chinese.png || fail "--lang leaves the environment its say"
+draw_in ja_JP.UTF-8 "--lang zh_CN" | cmp - chinese.png || fail "--lang doesn't override the environment"
 draw_in C.UTF-8 "--lang ja" | cmp -s - chinese.png && fail "Chinese and Japanese have the same faces"
 
 # The first of two designs is shown, whatever the folder the program is started in.
@@ -58,29 +58,29 @@ ids() { NSS_WRAPPER_PASSWD=$1 wrapped "$orvel" list --ids | tr '\n' ' '; }
 echo "other:x:$(($(id -u) + 1)):0::/:/bin/sh" > other
 [ "$(HOME=$home ids "$home/other")" = "A B " ] || fail "without a record, HOME isn't used"
 
-wrapped "$orvel" render -o no/such/folder/a.png 2> error.txt && fail "an unwritable file passes"
-[ "$(wc -l < error.txt)" = 1 ] || fail "not one line: $(cat error.txt)"
+wrapped "$orvel" render -o no/such/folder/a.png 2> error.txt && fail "writing to an unwritable file succeeds"
+[ "$(wc -l < error.txt)" = 1 ] || fail "other than one line on standard error: $(cat error.txt)"
 
 # Printing on a full disk, into a closed pipe, and into nothing.
 for arguments in list show check symbols timeline inspect; do
-    wrapped "$orvel" $arguments > /dev/full 2> error.txt && fail "$arguments on a full disk passes"
+    wrapped "$orvel" $arguments > /dev/full 2> error.txt && fail "$arguments succeeds on a full disk"
     [ "$(cat error.txt)" = "orvel: standard output: can't write: No space left on device" ] || fail "$(cat error.txt)"
-    wrapped "$orvel" $arguments >&- 2> error.txt && fail "$arguments without an output passes"
+    wrapped "$orvel" $arguments >&- 2> error.txt && fail "$arguments succeeds without standard output"
     grep -q "standard output: can't write" error.txt || fail "$arguments: $(cat error.txt)"
 done
-wrapped "$orvel" remove B > /dev/full 2> error.txt && fail "a removal that can't be told passes"
+wrapped "$orvel" remove B > /dev/full 2> error.txt && fail "a removal whose answer can't be printed succeeds"
 [ "$?" = 3 ] && grep -q "the change is made, but" error.txt || fail "a change that is made is called failed: $(cat error.txt)"
 wrapped "$orvel" undo >&- 2> error.txt || [ "$?" = 3 ] || fail "undo without an output: $(cat error.txt)"
 [ "$(wrapped "$orvel" list --ids | tr '\n' ' ')" = "A B " ] || fail "a change that is made is lost"
 wrapped "$orvel" symbols 2> error.txt | head -1 > /dev/null
-[ ! -s error.txt ] || fail "a closed pipe is a reason to say: $(cat error.txt)"
+[ ! -s error.txt ] || fail "a closed pipe is reported as an error: $(cat error.txt)"
 wrapped "$orvel" check - < / 2> error.txt && fail "a folder is read as a list"
 grep -q "standard input: can't read: Is a directory" error.txt || fail "$(cat error.txt)"
 
 # The words and the picture follow the store; ending them is no failure.
 eventually() {
-    for attempt in $(seq 200); do "$@" && return; sleep 0.05; done
-    fail "waited in vain: $*"
+    for attempt in $(seq 1200); do "$@" && return; sleep 0.05; done
+    fail "still not true after a minute: $*"
 }
 LD_PRELOAD=libnss_wrapper.so "$orvel" show --follow --waybar > words & words=$!
 LD_PRELOAD=libnss_wrapper.so "$orvel" render --watch -o watched.svg 2> told & picture=$!
@@ -126,7 +126,7 @@ fi
 rm usr/lib*/orvel/orvel-renderer.so usr/lib/*/orvel/orvel-renderer.so 2> /dev/null || true
 wrapped "$orvel" render -o none.png 2> error.txt && fail "it draws without a renderer"
 grep -q "can't draw: orvel-renderer.so" error.txt || fail "the renderer isn't named: $(cat error.txt)"
-[ "$(wc -l < error.txt)" = 1 ] || fail "not one line: $(cat error.txt)"
+[ "$(wc -l < error.txt)" = 1 ] || fail "other than one line on standard error: $(cat error.txt)"
 [ "$(wrapped "$orvel" list --ids | tr '\n' ' ')" = "A B " ] || fail "listing needs a renderer"
 
 [ -z "$(find . -name '*.tmp-*')" ] || fail "a temporary file is left"
