@@ -85,8 +85,12 @@ def click_command(server):
     picture = server.pictures()[0]
     patiently(lambda: server.is_drawn(server.pictures()[0], server.design(2), 24, picture.height - 194, 1), SECONDS,
               "the card that takes clicks")
-    server.click(0, 110, picture.height - 110)
-    patiently(file.exists, SECONDS, "the command of a click")
+    end = time.monotonic() + SECONDS
+    while not file.exists():  # a busy machine may lose a click
+        server.click(0, 110, picture.height - 110)
+        time.sleep(1)
+        if time.monotonic() > end:
+            raise Failed("no click ran the command")
     server.finish(taker)
 
 

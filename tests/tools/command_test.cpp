@@ -159,8 +159,8 @@ TEST_F(Command, DoctorSaysWhatToDo) {
     machine.storedList() = std::string("[") + design + "]";
     has(run({"doctor"}), "  store        /home/ada/Library/Application Support/Orvel/widgets.json: 1 design\n");
     has(run({"doctor"}), "  places       none: the first design is shown at the top right\n");
-    EXPECT_EQ(run({"place", "@1"}).code, done);
-    EXPECT_EQ(run({"place", "@2"}).code, done);
+    EXPECT_EQ(run({"place", "@1"}).err, "");
+    EXPECT_EQ(run({"place", "@2"}).err, "orvel: no design is stored at @2 now; its card appears when there is one\n");
     has(run({"doctor"}), "- places       2 places, 1 without a stored design\n               -> orvel place shows");
 }
 

@@ -84,6 +84,7 @@ Outcome<Done> desktop(const PlaceChoices& choices, const Platform& platform, Con
     } else {
         auto only = onlyPlace(choices, platform);
         if (!only) return only.failure();
+        if (!choices.reference.empty()) tellIfNotStored(only->design, platform, console);
         shown.only = *std::move(only);
     }
     PlacedCards cards(std::move(shown), platform);

@@ -89,6 +89,7 @@ Outcome<Done> place(const PlaceChoices& choices, const Platform& platform, Conso
     const auto notice = changePlaces(put, platform);
     if (!notice) return notice.failure();
     if (*notice) say(**notice, console);
+    tellIfNotStored(*design, platform, console);
     return Done{};
 }
 

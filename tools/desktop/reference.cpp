@@ -23,4 +23,10 @@ Outcome<PlacedDesign> placedDesign(const std::string& reference, const Platform&
     return PlacedDesign((*specs)[*index].id);
 }
 
+void tellIfNotStored(const PlacedDesign& design, const Platform& platform, Console& console) {
+    const auto specs = readDesigns(platform);
+    if (specs && !designAt({.design = design}, *specs))
+        say("no design is stored at " + text(design) + " now; its card appears when there is one", console);
+}
+
 }  // namespace orvel::tools
