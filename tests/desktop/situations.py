@@ -8,7 +8,7 @@ from cards import ROOT, Failed, patiently
 
 COVER = (255, 0, 255)
 COVERED = 0.6  # of the card's place: the rest may be the window's frame and its shadow
-SECONDS = 30  # generous, for a busy machine
+SECONDS = 60  # generous: a machine may be busy
 
 
 def cards_are_drawn(server, scale=1, outputs=2, unlike=0):
