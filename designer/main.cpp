@@ -28,9 +28,55 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A reload closes a page and opens it again.
-constexpr auto afterLastPage = 3s;
 constexpr auto forFirstPage = 120s;
+constexpr auto whileOpen = 24h * 365;
+
+// How long the designer waits for another page when the last one is gone: for a reload, which closes a page and opens
+// it again; for a browser that has lost the connection; for one that has dropped a page that nobody saw for long.
+constexpr auto afterClosed = 3s;
+constexpr auto afterLost = 10s;
+constexpr auto afterDropped = 12h;
+constexpr auto untilDropped = 5min;
+
+// Ends the loop when no page needs it any more.
+class Waiting {
+public:
+    explicit Waiting(EventLoop& loop) : timer_(loop, [&loop] { loop.stop(); }) {}
+
+    void forFirst() { timer_.set(forFirstPage); }
+    void pagesChanged(std::size_t pages) {
+        pages_ = pages;
+        set();
+    }
+    void present(Presence presence) {
+        if (presence != presence_) since_ = Clock::now();
+        presence_ = presence;
+        set();
+    }
+    /// Something was asked for: a page is being loaded.
+    void asked() {
+        if (presence_ == Presence::left) set();
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    std::chrono::milliseconds patience() const {
+        if (pages_ > 0u) return whileOpen;
+        if (presence_ == Presence::left) return afterClosed;
+        const bool isDropped = presence_ == Presence::hidden && Clock::now() - since_ > untilDropped;
+        return isDropped ? std::chrono::milliseconds(afterDropped) : afterLost;
+    }
+
+    void set() {
+        if (pages_) timer_.set(patience());
+    }
+
+    DelayTimer timer_;
+    Clock::time_point since_ = Clock::now();
+    std::optional<std::size_t> pages_;  ///< none before the first
+    Presence presence_ = Presence::shown;
+};
 
 struct Choices {
     bool opensBrowser = true;
@@ -95,22 +141,26 @@ Outcome<Done> serve(const SoleDesigner& sole, const Choices& choices, const std:
 
     auto pictures = CardPictures::open(platform);
     if (!pictures) return pictures.failure();
+    Waiting waiting(loop);
     std::unique_ptr<HttpServer> server;
     std::optional<DelayTimer> keeping;
     FeedDesk feeds(
         loop, [&] { server->send("feeds", "changed"); }, platform);
     Service service(*std::move(pictures), feeds,
-                    {[&](const std::string& event, const std::string& data) { server->send(event, data); },
-                     [&] { keeping->set(0ms); }},
+                    {[&](const std::string& event, const std::string& data) {
+                         if (server) server->send(event, data);
+                     },
+                     [&] { keeping->set(0ms); }, [&](Presence presence) { waiting.present(presence); }},
                     platform);
     keeping.emplace(loop, [&] { service.keep(); });
-    DelayTimer unvisited(loop, [&] { loop.stop(); });
-    auto listening = HttpServer::listen(
-        loop, choices.port,
-        {[&](const HttpRequest& request) { return service.access.refuse(request, service.port); },
-         [&](const HttpRequest& request) { return service.answer(request); },
-         // Nothing ends while a page is open: the longest time is as good as none.
-         [&](std::size_t pages) { unvisited.set(pages == 0 ? std::chrono::milliseconds(afterLastPage) : 24h * 365); }});
+    auto listening =
+        HttpServer::listen(loop, choices.port,
+                           {[&](const HttpRequest& request) { return service.access.refuse(request, service.port); },
+                            [&](const HttpRequest& request) {
+                                waiting.asked();
+                                return service.answer(request);
+                            },
+                            [&](std::size_t pages) { waiting.pagesChanged(pages); }});
     if (!listening) return listening.failure();
     server = *std::move(listening);
     service.port = server->port();
@@ -120,7 +170,7 @@ Outcome<Done> serve(const SoleDesigner& sole, const Choices& choices, const std:
     sole.publish(service.access.address(service.port));
     if (choices.opensBrowser) {
         openInSession(service.access.addressForOneVisit(service.port) + part);
-        unvisited.set(forFirstPage);
+        waiting.forFirst();
     } else {
         show(service.access.address(service.port) + part);
     }

@@ -47,8 +47,7 @@ Service::Service(CardPictures pictures, FeedDesk& feeds, Hooks hooks, const Plat
       feeds_(feeds),
       hooks_(std::move(hooks)),
       workbench_(platform) {
-    toldStore_ = storeMembers(workbench_, pictures_);
-    toldDraft_ = draftMembers(workbench_, pictures_, symbols_, platform_);
+    noticeAll();
 }
 
 HttpResponse Service::answer(const HttpRequest& request) {
@@ -98,6 +97,7 @@ HttpResponse Service::get(const HttpRequest& request) {
 HttpResponse Service::post(const HttpRequest& request, const Body& body) {
     const Unsaved unsaved = body.discards ? Unsaved::discard : Unsaved::refuse;
     Outcome<Done> done = Done{};
+    if (request.path == "/api/presence") return present(body);
     if (request.path == "/api/type") return type(request, body);
     if (request.path == "/api/paste") return paste(request, body);
     if (request.path.starts_with("/api/desktop/")) return changeDesktop(request, body);
@@ -128,6 +128,11 @@ HttpResponse Service::post(const HttpRequest& request, const Body& body) {
         return refusal(done.failure().field == unsavedField || done.failure().field == conflictField ? 409 : 422,
                        done.failure().reason, done.failure().field);
     return state(request);
+}
+
+HttpResponse Service::present(const Body& body) const {
+    hooks_.present(body.text == "left" ? Presence::left : body.text == "hidden" ? Presence::hidden : Presence::shown);
+    return {200, "application/json", "{}"};
 }
 
 HttpResponse Service::share() const {
@@ -209,11 +214,10 @@ HttpResponse Service::state(const HttpRequest& request, const std::vector<FieldR
 }
 
 HttpResponse Service::stored(const HttpRequest& request) const {
-    const std::string_view wanted = request.parameter("version");
-    for (const WidgetSpec& spec : workbench_.designs())
-        if (version(spec) == wanted)
-            return picture(pictures_.draw(spec, familyOf(request), PictureFormat::png, scaleOf(request)), "image/png");
-    return refusal(404, "no design is stored in that version");
+    const auto found = versions_.find(request.parameter("version"));
+    if (found == versions_.end()) return refusal(404, "no design is stored in that version");
+    const WidgetSpec& spec = workbench_.designs()[found->second];
+    return picture(pictures_.draw(spec, familyOf(request), PictureFormat::png, scaleOf(request)), "image/png");
 }
 
 HttpResponse Service::card(const HttpRequest& request) const {
@@ -242,7 +246,12 @@ HttpResponse Service::found(const HttpRequest& request) const {
 }
 
 void Service::noticeAll() {
-    notice(storeMembers(workbench_, pictures_));
+    const auto& designs = workbench_.designs();
+    std::vector<std::string> versions;
+    for (const WidgetSpec& spec : designs) versions.push_back(version(spec));
+    notice(storeMembers(workbench_, versions, pictures_));
+    versions_.clear();
+    for (std::size_t i = 0; i < versions.size(); ++i) versions_.try_emplace(std::move(versions[i]), i);
 }
 
 void Service::notice(std::string store) {

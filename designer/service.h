@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <string>
 
 #include "designer/access.h"
@@ -18,11 +19,15 @@
 
 namespace orvel::designer {
 
+/// Whether somebody sees a page. Browsers drop pages that nobody has seen for long, and load them again on return.
+enum class Presence { shown, hidden, left };
+
 class Service {
 public:
     struct Hooks {
         std::function<void(const std::string& event, const std::string& data)> tell;  ///< all pages
         std::function<void()> keepSoon;                                               ///< calls `keep` after the answer
+        std::function<void(Presence)> present;                                        ///< a page says how it is
     };
 
     Service(CardPictures pictures, FeedDesk& feeds, Hooks hooks, const Platform& platform);
@@ -43,6 +48,7 @@ private:
     HttpResponse stored(const HttpRequest& request) const;
     HttpResponse card(const HttpRequest& request) const;
     HttpResponse found(const HttpRequest& request) const;
+    HttpResponse present(const Body& body) const;
     HttpResponse share() const;
     HttpResponse paste(const HttpRequest& request, const Body& body);
     HttpResponse desktop() const;
@@ -63,6 +69,7 @@ private:
     // The state as pages know it, or are being told.
     std::string toldStore_;
     std::string toldDraft_;
+    std::map<std::string, std::size_t, std::less<>> versions_;  ///< which of the stored designs has it
     std::uint64_t stamp_ = 1;
     std::string keepingFailed_;
 };

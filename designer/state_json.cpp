@@ -16,15 +16,24 @@
 namespace orvel::designer {
 namespace {
 
-void writeDesigns(json::Writer& writer, const Workbench& workbench, const CardPictures& pictures) {
+// A card's words, for whoever can't see it: as many as can ever show of them.
+std::string shownWords(const std::string& words) {
+    constexpr std::size_t most = 2000;
+    const auto shown = unicode::prefix(words, most);
+    return std::string(shown) + (shown.size() < words.size() ? "…" : "");
+}
+
+void writeDesigns(json::Writer& writer, const Workbench& workbench, const std::vector<std::string>& versions,
+                  const CardPictures& pictures) {
     constexpr std::size_t longestTitle = 200;
     writer.key("designs").beginArray();
-    for (const WidgetSpec& spec : workbench.designs()) {
+    for (std::size_t i = 0; i < versions.size(); ++i) {
+        const WidgetSpec& spec = workbench.designs()[i];
         writer.beginObject().key("id").string(spec.id);
         writer.key("title").string(unicode::onOneLine(unicode::prefix(spec.title, longestTitle)));
         writer.key("followsClock").boolean(shows(spec.kind, WidgetField::targetISO8601));
-        writer.key("words").string(pictures.words(spec));
-        writer.key("version").string(version(spec)).endObject();
+        writer.key("words").string(shownWords(pictures.words(spec)));
+        writer.key("version").string(versions[i]).endObject();
     }
     writer.endArray();
 }
@@ -75,7 +84,7 @@ void writeDraft(json::Writer& writer, const Workbench& workbench, const CardPict
         writer.endArray().endObject();
     }
     writer.endArray();
-    writer.key("words").string(pictures.words(draft)).endObject();
+    writer.key("words").string(shownWords(pictures.words(draft))).endObject();
 }
 
 }  // namespace
@@ -87,10 +96,11 @@ std::string version(const WidgetSpec& spec) {
     return {digits, end};
 }
 
-std::string storeMembers(const Workbench& workbench, const CardPictures& pictures) {
+std::string storeMembers(const Workbench& workbench, const std::vector<std::string>& versions,
+                         const CardPictures& pictures) {
     json::Writer writer;
     writer.beginObject();
-    writeDesigns(writer, workbench, pictures);
+    writeDesigns(writer, workbench, versions, pictures);
     writer.key("trouble").string(workbench.trouble());
     writer.key("undo").string(workbench.undoable().value_or(""));
     return members(writer);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "designer/card_pictures.h"
 #include "designer/editing/workbench.h"
@@ -13,8 +14,9 @@ namespace orvel::designer {
 std::string version(const WidgetSpec& spec);
 
 // Members of an object, without its braces. The stored designs are by far the longer part, and stay as they are while
-// somebody types.
-std::string storeMembers(const Workbench& workbench, const CardPictures& pictures);
+// somebody types. `versions` are theirs.
+std::string storeMembers(const Workbench& workbench, const std::vector<std::string>& versions,
+                         const CardPictures& pictures);
 std::string draftMembers(const Workbench& workbench, const CardPictures& pictures, const Symbols& symbols,
                          const Platform& platform);
 

@@ -105,10 +105,10 @@ Outcome<Done> Workbench::startNew(Unsaved unsaved) {
 
 Outcome<Done> Workbench::edit(const std::string& id, Unsaved unsaved) {
     if (base_ && base_->id == id) return Done{};
-    const WidgetSpec* const found = stored(id);
-    if (!found) return Failure{"no design has the id " + unicode::onOneLine(id), Failure::Cause::request, "design"};
+    const auto found = indexOf(id, specs_);
+    if (!found) return found.failure();
     const auto left = leave(unsaved);
-    if (left) open(*found, *found);
+    if (left) open(specs_[*found], specs_[*found]);
     return left;
 }
 

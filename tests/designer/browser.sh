@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # One of the tests of the designer's page, where there is a browser to drive.
-# Usage: browser.sh BUILD_FOLDER TEST.mjs
+# Usage: browser.sh BUILD_FOLDER TEST.mjs [ARGUMENT]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 
@@ -12,4 +12,4 @@ skip() {
 command -v node > /dev/null || skip node
 [ -x /usr/bin/chromium ] || skip chromium
 [ -e "$here/../../node_modules/playwright-core" ] || skip "playwright-core, which npm ci installs,"
-exec node "$here/$2" "$1"
+exec node "$here/$2" "$1" "${@:3}"

@@ -7,7 +7,7 @@ export const press = (page, name) => byRole(page, 'button', name).click();
 // Waits until `ask` returns what is expected, for as long as a busy machine may take.
 export async function eventually(what, expected, ask) {
   let seen;
-  for (const end = Date.now() + 20000; Date.now() < end;) {
+  for (const end = Date.now() + 60000; Date.now() < end;) {
     seen = await ask();
     if (JSON.stringify(seen) === JSON.stringify(expected)) return;
     await new Promise((resolve) => setTimeout(resolve, 50));
@@ -43,6 +43,14 @@ export async function fill(page, values) {
   }
 }
 
+// Takes a stored design into the form, and waits until it is there: each kind's form has another height, so that what is
+// pressed next would move.
+export async function edit(page, id) {
+  const card = page.locator(`#designs [data-id="${id}"]`);
+  await card.click();
+  await eventually('it is edited', 'true', () => card.getAttribute('aria-current'));
+}
+
 export class Driver {
   constructor(home, context, address) {
     this.home = home;
@@ -50,6 +58,7 @@ export class Driver {
     this.environment = home.environment;
     this.address = address;
     this.strangers = [];
+    context.setDefaultTimeout(60000);
     const { origin } = new URL(address);
     context.on('request', (request) => {
       if (!request.url().startsWith(origin) && !request.url().startsWith('data:')) this.strangers.push(request.url());

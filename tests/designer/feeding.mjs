@@ -1,6 +1,6 @@
 // What keeps a card current, set up on the page: from a template, by a command, beside a person who types, and ended.
 import assert from 'node:assert/strict';
-import { byRole, eventually, press } from './driver.mjs';
+import { byRole, edit, eventually, press } from './driver.mjs';
 
 const section = (page) => byRole(page, 'region', 'Feed');
 const dialog = (page) => page.locator('#feed-dialog');
@@ -18,9 +18,7 @@ async function setUp(page, values) {
 
 export async function feeding(page, { home, stored, feeds }) {
   const id = home.orvel('add', '--kind', 'note', '--title', 'Fed', '--primary', 'by hand').toString().trim();
-  const card = page.locator(`#designs [data-id="${id}"]`);
-  await card.click();
-  await eventually('it is edited', 'true', () => card.getAttribute('aria-current'));
+  await edit(page, id);
   const fed = () => stored().find((spec) => spec.id === id);
   const only = async () => feeds().map(({ design, command, every }) => [design, command, every]);
 

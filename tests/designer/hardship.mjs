@@ -1,11 +1,12 @@
 // The page when things go badly: a designer that is killed, a script that writes all the time, texts nobody would write.
-// Usage: hardship.mjs BUILD_FOLDER
+// Usage: hardship.mjs BUILD_FOLDER [short]
 import assert from 'node:assert/strict';
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { Home, openBrowser } from './designer.mjs';
-import { Driver, byRole, eventually, press } from './driver.mjs';
+import { Driver, byRole, edit, eventually, press } from './driver.mjs';
 
+const isShort = process.argv[3] === 'short';
 const home = new Home(process.argv[2]);
 const browser = await openBrowser();
 let designer = await home.design();
@@ -16,11 +17,11 @@ const titleField = (page) => page.getByLabel('Title', { exact: true });
 const design = (page, id) => page.locator(`#designs [data-id="${id}"]`);
 
 async function aScriptWritesAllTheTime() {
-  const theirs = home.orvel('add', '--kind', 'metric', '--title', 'Theirs', '--primary', '0').toString().trim();
-  const mine = home.orvel('add', '--kind', 'note', '--title', 'Mine', '--primary', 'x').toString().trim();
+  const theirs = home.orvel('add', '--kind', 'metric', '--title', 'Theirs', '--primary', '0', '--accent', '#0A84FF').toString().trim();
+  const mine = home.orvel('add', '--kind', 'note', '--title', 'Mine', '--primary', 'x', '--accent', '#0A84FF').toString().trim();
   const page = await driver.open();
-  await design(page, mine).click();
-  const changes = 200;
+  await edit(page, mine);
+  const changes = isShort ? 40 : 200;
   const script = spawn('bash', ['-c', `for i in $(seq ${changes}); do orvel set ${theirs} primary=$i || exit; sleep .03; done`],
     { env: home.environment, stdio: ['ignore', 'inherit', 'inherit'] });
   const ended = once(script, 'exit');
@@ -39,7 +40,7 @@ async function aScriptWritesAllTheTime() {
   // The same design: the page asks once, and keeps what was typed meanwhile.
   await titleField(page).fill('Mine again');
   await eventually('it is pending', 'Mine again', async () => pending()?.title);
-  for (let i = 0; i < 10; ++i) home.orvel('set', mine, `primary=${i}`);
+  for (let i = 0; i < 10; ++i) home.orvel('set', mine, `title=Theirs ${i}`);
   await byRole(page, 'button', 'Keep mine').waitFor();
   await titleField(page).press('End');
   await titleField(page).pressSequentially(' and again');
@@ -73,7 +74,7 @@ const hostile = [
   ['controls', 'a\u0000b\u0007c\u001bd\re\nf\u2028g\u2029h\ufeff'],
   ['right to left', '\u202e\u2066שלום مرحبا\u2069 abc'],
   ['a hundred marks on a letter', `a${'\u0301'.repeat(100)}`],
-  ['ten megabytes', 'long '.repeat(2 << 20)],
+  isShort ? ['a megabyte', 'long '.repeat(200_000)] : ['ten megabytes', 'long '.repeat(2 << 20)],
 ];
 
 async function hostileTextsAreTexts() {
@@ -82,7 +83,7 @@ async function hostileTextsAreTexts() {
   for (const [what, text] of hostile) {
     const record = { kind: 'list', title: text, items: [text.slice(0, 1000), 'short'], accentHex: text.slice(0, 100), symbol: text.slice(0, 100) };
     const id = home.orvel('add', '--json', home.file('hostile.json', JSON.stringify(record))).toString().trim();
-    await design(page, id).click();
+    await edit(page, id);
     // As in every browser, a field of one line has no line breaks.
     const shown = text.replace(/[\n\r]/g, '');
     await eventually(`${what}: in its field`, [shown.length, true],
@@ -94,15 +95,23 @@ async function hostileTextsAreTexts() {
       async () => { const [front] = stored(); return front.title === text && front.items[0] === text.slice(0, 1000) && front.items[1] === 'changed'; });
     home.orvel('remove', id);
   }
-  // A text larger than the server takes is refused with a sentence.
+  // More than the server takes is refused by a sentence, and stays where it was typed.
+  const long = 'x'.repeat(3 << 20);
+  await press(page, 'New design');
+  await titleField(page).fill(long);
+  await page.locator('[data-field=title]').getByText('more than 1 MB').waitFor();
+  await page.locator('#primary').focus();
+  assert.equal((await titleField(page).inputValue()).length, long.length);
+  await titleField(page).fill('short');
+  await eventually('what is shorter is kept', 'short', async () => pending()?.title);
   await press(page, 'Share');
-  await page.getByLabel('A design as JSON').fill(`{"kind":"note","title":"${'x'.repeat(3 << 20)}"}`);
+  await page.getByLabel('A design as JSON').fill(`{"kind":"note","title":"${long}"}`);
   await press(page, 'Edit this design');
-  await eventually('the reason', true, async () => (await page.locator('#paste-trouble').innerText()) !== '');
+  await page.locator('#paste-trouble').getByText('more than 1 MB').waitFor();
   await page.close();
 }
 
-const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 300000);
+const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 600000);
 try {
   for (const part of [aScriptWritesAllTheTime, theDesignerIsKilled, hostileTextsAreTexts]) {
     await part();

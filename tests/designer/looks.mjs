@@ -14,6 +14,8 @@ const home = new Home(process.argv[2]);
 home.orvel('add', '--kind', 'list', '--title', 'שלום', '--item', 'Milk', '--item', 'W'.repeat(90));
 home.orvel('add', '--kind', 'progress', '--title', 'W'.repeat(60), '--progress', '38%', '--accent', '#30D158');
 home.orvel('add', '--kind', 'countdown', '--title', 'Release', '--target', '2036-12-24 18:00');
+const last = JSON.parse(home.orvel('list', '--json')).at(-1).id;
+home.orvel('feed', 'add', 'F'.repeat(60), '--design', last, '--every', '1h', '--', 'sh', '-c', 'W'.repeat(200));
 home.orvel('place', '@1', '--anchor', 'left');
 home.orvel('place', '@2', '--output', 'DP-9', '--family', 'medium');
 
@@ -27,6 +29,15 @@ const views = [
   ['a list', (page) => page.locator('#designs button').nth(2).click()],
   ['places', (page) => page.locator('#place').click(), (page) => page.locator('#place-close').click()],
   ['sharing', (page) => page.locator('#share').click(), (page) => page.locator('#share-close').click()],
+  ['a feed', async (page) => {
+    await page.locator('#designs button').first().click();
+    await page.locator('#feed-new').click();
+    await page.locator('#feed-source').selectOption('calendar');
+  }, (page) => page.locator('#feed-close').click()],
+  ['a feed of the design', async (page) => {
+    await page.locator('#designs button').last().click();
+    await page.locator('#feeds-list article').waitFor();
+  }],
   ['a new design', (page) => page.locator('#new').click()],
   ['a question', async (page) => {
     await page.locator('#title').fill('not saved');

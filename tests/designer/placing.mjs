@@ -1,12 +1,12 @@
 // Where cards stand on the desktop: set by the keyboard alone, in the same file as the command's.
 import assert from 'node:assert/strict';
-import { byRole, eventually, press, tabTo } from './driver.mjs';
+import { byRole, edit, eventually, press, tabTo } from './driver.mjs';
 
 const dialog = (page) => byRole(page, 'dialog', 'Place on the desktop');
 
 export async function placing(page, { home, places, stored }) {
-  await page.getByRole('list', { name: 'Designs' }).getByRole('button').first().click();
   const { id, title } = stored()[0];
+  await edit(page, id);
   await page.locator('#place').focus();
   await page.keyboard.press('Enter');
   await dialog(page).getByText('No design has a place yet').waitFor();

@@ -1,7 +1,7 @@
 // Sharing designs: the command line is run by shells, the JSON is pasted back, and what is wrong is refused.
 import assert from 'node:assert/strict';
 import { execFileSync } from 'node:child_process';
-import { byRole, eventually, press } from './driver.mjs';
+import { byRole, edit, eventually, press } from './driver.mjs';
 
 const dialog = (page) => byRole(page, 'dialog', 'Share');
 
@@ -25,16 +25,9 @@ export async function sharing(page, { home, stored, pending, context, environmen
     await dialog(page).getByText('Copied').waitFor();
     return page.evaluate(() => navigator.clipboard.readText());
   };
-  const front = page.getByRole('list', { name: 'Designs' }).getByRole('button').first();
-  // The form has another height with each kind, so what is pressed next may move until the design is shown.
-  const take = async (id) => {
-    await eventually('the page shows it', id, () => front.getAttribute('data-id'));
-    await front.click();
-    await eventually('it is edited', 'true', () => front.getAttribute('aria-current'));
-  };
   for (const design of hostile) {
     const id = home.orvel('add', '--json', home.file('design.json', JSON.stringify(design))).toString().trim();
-    await take(id);
+    await edit(page, id);
     await press(page, 'Share');
     const line = await copied('Copy the command');
     const original = stored()[0];
@@ -50,7 +43,7 @@ export async function sharing(page, { home, stored, pending, context, environmen
 
   // The lines for a script.
   home.orvel('add', '--kind', 'metric', '--title', 'Load', '--primary', '1');
-  await take(stored()[0].id);
+  await edit(page, stored()[0].id);
   await press(page, 'Share');
   const lines = (await copied('Copy the lines for a script')).split('\n');
   for (const [index, line] of lines.entries()) {
