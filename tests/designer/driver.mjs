@@ -4,10 +4,13 @@ import assert from 'node:assert/strict';
 export const byRole = (page, role, name) => page.getByRole(role, { name, exact: true });
 export const press = (page, name) => byRole(page, 'button', name).click();
 
+// Milliseconds, for a busy machine.
+export const patience = 60000;
+
 // Waits until `ask` returns what is expected, for as long as a busy machine may take.
 export async function eventually(what, expected, ask) {
   let seen;
-  for (const end = Date.now() + 60000; Date.now() < end;) {
+  for (const end = Date.now() + patience; Date.now() < end;) {
     seen = await ask();
     if (JSON.stringify(seen) === JSON.stringify(expected)) return;
     await new Promise((resolve) => setTimeout(resolve, 50));
@@ -43,22 +46,14 @@ export async function fill(page, values) {
   }
 }
 
-// Takes a stored design into the form, and waits until it is there: each kind's form has another height, so that what is
-// pressed next would move.
-export async function edit(page, id) {
-  const card = page.locator(`#designs [data-id="${id}"]`);
-  await card.click();
-  await eventually('it is edited', 'true', () => card.getAttribute('aria-current'));
-}
-
 export class Driver {
   constructor(home, context, address) {
     this.home = home;
     this.context = context;
+    context.setDefaultTimeout(patience);
     this.environment = home.environment;
     this.address = address;
     this.strangers = [];
-    context.setDefaultTimeout(60000);
     const { origin } = new URL(address);
     context.on('request', (request) => {
       if (!request.url().startsWith(origin) && !request.url().startsWith('data:')) this.strangers.push(request.url());

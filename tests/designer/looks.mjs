@@ -6,7 +6,7 @@ import { createRequire } from 'node:module';
 import { readFileSync, readdirSync } from 'node:fs';
 import { gzipSync } from 'node:zlib';
 import { Home, openBrowser } from './designer.mjs';
-import { byRole, eventually } from './driver.mjs';
+import { byRole, eventually, patience } from './driver.mjs';
 
 const axe = readFileSync(createRequire(import.meta.url).resolve('axe-core/axe.min.js'), 'utf8');
 const languages = new URL('../../designer/page/languages/', import.meta.url);
@@ -62,6 +62,7 @@ const sticksOut = (page) => page.evaluate(() => {
 
 async function look(locale, colorScheme, widths, withAxe) {
   const context = await browser.newContext({ locale, colorScheme, timezoneId: 'Europe/Berlin', bypassCSP: true });
+  context.setDefaultTimeout(patience);
   const page = await context.newPage();
   page.on('pageerror', (error) => assert.fail(error));
   if (withAxe) await page.addInitScript(axe);
@@ -84,6 +85,7 @@ async function look(locale, colorScheme, widths, withAxe) {
 async function speaks(language) {
   const words = (await import(new URL(`${language}.js`, languages))).default;
   const context = await browser.newContext({ locale: language });
+  context.setDefaultTimeout(patience);
   const page = await context.newPage();
   await page.goto(designer.address);
   await byRole(page, 'button', words.save).waitFor();
@@ -119,6 +121,7 @@ async function speaks(language) {
 // What a visit loads before the first card, compressed.
 async function weighs() {
   const context = await browser.newContext({ locale: 'ar' });
+  context.setDefaultTimeout(patience);
   const page = await context.newPage();
   const files = [];
   page.on('request', (request) => !request.url().includes('/api/') && files.push(request.url()));
@@ -131,7 +134,7 @@ async function weighs() {
   await context.close();
 }
 
-const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 400000);
+const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 550000);
 try {
   for (const file of readdirSync(languages)) await speaks(file.replace('.js', ''));
   console.log('each language is spoken, and can be chosen');

@@ -187,7 +187,7 @@ async function secondCallAndEnd(page) {
   assert.equal(await designer.ended, 0);
 }
 
-const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 150000);
+const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 550000);
 try {
   const page = await open();
   for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt, fieldsTakeWhatAPersonWrites,

@@ -12,6 +12,7 @@ const designer = await home.design();
 
 try {
   const context = await browser.newContext();
+  context.setDefaultTimeout(60000);
   const windows = [];
   for (let i = 0; i < count; ++i) {
     const page = await context.newPage();
