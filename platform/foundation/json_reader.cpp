@@ -242,6 +242,11 @@ std::optional<SyntaxFailure> read(std::string text, FunctionRef<bool(Value&)> vi
         if (located) return SyntaxFailure{located->reason, pass.position(located->offset + pass.skipped)};
         return SyntaxFailure{faultInWords(pass.error), pass.position(pass.errorOffset)};
     };
+    // Newer versions of simdjson pass over a mark, which would then be a second one.
+    if (std::string_view(pass.begin, pass.size).starts_with(byteOrderMark)) {
+        pass.error = simdjson::INCORRECT_TYPE;
+        return finish();
+    }
     if (const auto code = parser.iterate(padded).get(pass.document)) {
         pass.error = code;
         return finish();
