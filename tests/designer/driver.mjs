@@ -46,14 +46,22 @@ export async function fill(page, values) {
   }
 }
 
+// Takes a stored design into the form, and waits until it is there: each kind's form has another height, so that what is
+// pressed next would move.
+export async function edit(page, id) {
+  const card = page.locator(`#designs [data-id="${id}"]`);
+  await card.click();
+  await eventually('it is edited', 'true', () => card.getAttribute('aria-current'));
+}
+
 export class Driver {
   constructor(home, context, address) {
     this.home = home;
     this.context = context;
-    context.setDefaultTimeout(patience);
     this.environment = home.environment;
     this.address = address;
     this.strangers = [];
+    context.setDefaultTimeout(patience);
     const { origin } = new URL(address);
     context.on('request', (request) => {
       if (!request.url().startsWith(origin) && !request.url().startsWith('data:')) this.strangers.push(request.url());
