@@ -223,7 +223,7 @@ function followServer() {
 function followClock() {
   setTimeout(() => {
     refreshCountdowns();
-    if (state.draft.shows.includes('targetISO8601') && !sending) refresh().catch(fail);
+    if (state?.draft.shows.includes('targetISO8601') && !sending) refresh().catch(fail);
     followClock();
   }, 60000 - (Date.now() % 60000) + 50);
 }
