@@ -36,11 +36,13 @@ void useLanguage(const std::string& language) {
     const std::string fonts = tag(language);
     ::setenv("FC_LANG", fonts.c_str(), 1);
     ::setenv("PANGO_LANGUAGE", fonts.c_str(), 1);
-    // When the message locale names no language, gettext ignores the list of languages.
     ::setenv("LANGUAGE", language.substr(0, language.find_first_of(".@")).c_str(), 1);
+    // When the message locale names no language, gettext ignores the list of languages. With newer versions of glibc,
+    // C.UTF-8 names none either, though it is the one locale that is always there.
     const char* const messages = std::setlocale(LC_MESSAGES, nullptr);
-    if (!messages || messages == std::string_view("C") || messages == std::string_view("POSIX"))
-        std::setlocale(LC_MESSAGES, "C.UTF-8");
+    const std::string_view name = messages ? messages : "C";
+    if (name == "C" || name == "POSIX" || name.starts_with("C."))
+        if (!std::setlocale(LC_MESSAGES, "en_US.UTF-8")) std::setlocale(LC_MESSAGES, "C.UTF-8");
 }
 
 }  // namespace orvel

@@ -3,17 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cstdlib>
 
 #include "platform/ui/gettext_localizer.h"
+#include "platform/ui/language.h"
 #include "widget/orvel_widget.h"
 
 namespace orvel {
 namespace {
 
 TEST(Localization, FindsTextsInTheCatalogue) {
-    ASSERT_TRUE(std::setlocale(LC_MESSAGES, "C.UTF-8"));
-    ::setenv("LANGUAGE", "de", 1);
+    std::setlocale(LC_MESSAGES, "C");
+    useLanguage("de");
     const GettextLocalizer localizer(ORVEL_TEST_LOCALE);
     const WidgetConfiguration configuration = OrvelWidget().body();
     EXPECT_EQ(localized(configuration.displayName, localizer), "Orvel");
