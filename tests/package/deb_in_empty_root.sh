@@ -1,29 +1,17 @@
 #!/usr/bin/env bash
 # The Debian packages in a Debian 12 that has nothing but itself: they install from Debian's own packages, work, turn
-# nothing on by themselves, and go without taking a person's designs along. Needs root, and a minute or more; the root is
-# made from the mirror that this machine's apt uses.
+# nothing on by themselves, and go without taking a person's designs along. A person without any rights has a live card
+# with two commands more. Needs root, and some minutes; the root is made from the mirror that this machine's apt uses.
 # Usage: deb_in_empty_root.sh [PACKAGE DESIGNER]    (default: scripts/package builds them)
 set -euo pipefail
 
-skip() { echo "skipped: $*"; exit 0; }
-fail() { echo "FAILED: $*" >&2; exit 1; }
-[ "$(id -u)" = 0 ] || skip "only root may make a root folder"
-command -v debootstrap > /dev/null || skip "there is no debootstrap"
-mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' 'Codename: bookworm' | head -n 1)
-[ -n "$mirror" ] || skip "this machine's apt has no Debian 12"
-[ $# = 2 ] || set -- $("$(dirname "$0")/../../scripts/package")
-
-root=$(mktemp -d)
-trap 'umount -q "$root/proc" || true; rm -rf --one-file-system "$root"' EXIT
-chmod 755 "$root"
-debootstrap --variant=minbase bookworm "$root" "$mirror" > "$root.log" 2>&1 || { tail "$root.log" >&2; fail "no root"; }
-rm "$root.log"
-inside() { chroot "$root" env -i HOME=/root PATH=/usr/sbin:/usr/bin LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
-mountpoint -q "$root/proc" || mount -t proc proc "$root/proc"
+scripts=$(cd "$(dirname "$0")/../../scripts" && pwd)
+. "$scripts/debian-root.sh"
+[ $# = 2 ] || set -- $("$scripts/package")
+openRoot bookworm
 cp "$1" "$root/orvel.deb"
 cp "$2" "$root/orvel-designer.deb"
 
-inside apt-get -q update
 inside apt-get -q install -y --simulate --install-recommends /orvel.deb | grep '^Inst fonts-noto' ||
     fail "what it recommends isn't in Debian 12"
 inside apt-get -q install -y --no-install-recommends /orvel.deb
@@ -59,6 +47,43 @@ wait "$COPROC_PID" || true
 inside orvel autostart on
 [ "$(inside orvel autostart)" = on ] || fail "autostart isn't on"
 inside orvel autostart off
+
+# A person without rights, on a desktop: the card of a feed, which follows the disk.
+installInside xvfb x11-utils
+inside useradd --create-home person
+person=(chroot "$root" setpriv --reuid person --regid person --clear-groups
+  env -i HOME=/home/person PATH=/usr/bin:/bin LC_ALL=C.UTF-8 DISPLAY=:1909)
+started=()
+leaveDesk() {
+  [ ${#started[@]} = 0 ] || kill "${started[@]}" 2> /dev/null || true
+  wait
+  started=()
+}
+trap 'leaveDesk; closeRoot' EXIT
+mkdir -p "$root/tmp/.X11-unix"
+chmod 1777 "$root/tmp/.X11-unix"
+"${person[@]}" Xvfb :1909 -nolisten tcp -screen 0 800x600x24 > /dev/null 2>&1 &
+started+=($!)
+await() { # a minute at least, so that a busy machine has its time
+  local left=600
+  until "${@:2}"; do
+    [ $((left -= 1)) -gt 0 ] || fail "$1"
+    sleep 0.1
+  done
+}
+await "no X server" "${person[@]}" xwininfo -root > /dev/null 2>&1
+
+"${person[@]}" orvel feed new disk
+"${person[@]}" orvel desktop &
+started+=($!)
+# The window's title says what the card shows, so it must have the portion that is stored.
+shown() {
+  local portion
+  portion=$("${person[@]}" orvel show disk | tail -n 1)
+  [[ $portion == *%* ]] && "${person[@]}" xwininfo -root -tree 2> /dev/null | grep orvel-widget | grep -qF "$portion"
+}
+await "no card of the disk" shown
+leaveDesk
 
 store="$root/root/Library/Application Support/Orvel/widgets.json"
 cp "$store" "$root/before.json"
