@@ -16,6 +16,7 @@ install(CODE [[
     configure_file("${orvel_session}/${unit}.service.in" "${orvel_made}/${unit}.service" @ONLY)
     file(INSTALL "${orvel_made}/${unit}.service" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/systemd/user")
   endforeach()
+  file(INSTALL "${orvel_session}/orvel-feeds.path" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/systemd/user")
   configure_file("${orvel_session}/orvel-widget.desktop.in" "${orvel_made}/orvel-widget.desktop" @ONLY)
   file(INSTALL "${orvel_made}/orvel-widget.desktop" DESTINATION "${CMAKE_INSTALL_PREFIX}/share/orvel")
 ]])

@@ -30,7 +30,7 @@ if command -v desktop-file-validate > /dev/null; then
     [ -z "$(desktop-file-validate "$entry")" ] || fail "$(desktop-file-validate "$entry")"
 fi
 if command -v systemd-analyze > /dev/null; then
-    for checked in "$unit" "${unit%widget.service}feeds.service"; do
+    for checked in "$unit" "${unit%widget.service}feeds.service" "${unit%widget.service}feeds.path"; do
         said=$(XDG_RUNTIME_DIR=$work MANPATH=$prefix/share/man systemd-analyze --user verify "$checked" 2>&1 |
             grep "$(basename "$checked")" | grep -v 'Command .man' || true)
         [ -z "$said" ] || fail "$said"
@@ -60,7 +60,7 @@ started() { # with that PATH and that answer of systemctl
     PATH=$1 answer=$2 /bin/sh "$script"
     grep -v import-environment "$calls" || true
 }
-units="orvel-feeds.service orvel-widget.service"
+units="orvel-feeds.path orvel-feeds.service orvel-widget.service"
 [ "$(started "$work/bin:$PATH" 0)" = "systemctl --user start $units" ] || fail "systemd isn't all that starts a card: $(cat "$calls")"
 grep -qx 'systemctl --user import-environment DISPLAY .*' "$calls" || fail "the unit isn't told of the display"
 [ "$(started "$work/bin:$PATH" 5 | tail -n 1)" = "card desktop" ] || fail "no card where systemd doesn't know the unit"
