@@ -1,5 +1,6 @@
 // Where designs stand on the desktop: a dialog with the monitors to scale, and the fields of one place.
-import { pictureOf, titleOf } from './designs.js';
+import { titleOf } from './designs.js';
+import { setUpMonitors, showMonitors } from './monitors.js';
 import { get, post } from './server.js';
 import { button, explained, say } from './talk.js';
 import { listed, t } from './words.js';
@@ -48,55 +49,10 @@ function placeFor(id) {
     : { design: id, family: 'small', anchor: 'top-right', margin: [24, 24], output: 'primary', layer: 'bottom' };
 }
 
-const percent = (part, whole) => `${(100 * part) / whole}%`;
-
-function lay(element, box, within) {
-  element.style.left = percent(box.x - within.x, within.width);
-  element.style.top = percent(box.y - within.y, within.height);
-  element.style.width = percent(box.width, within.width);
-  element.style.height = percent(box.height, within.height);
-  return element;
-}
-
-function drawnCard(card, monitor) {
-  const place = desktop.places[card.place];
-  const design = state().designs.find(({ id }) => id === card.id);
-  const picture = document.createElement('img');
-  picture.alt = '';
-  if (design) picture.src = pictureOf(design, place?.family ?? 'small');
-  picture.classList.toggle('chosen', place?.design === proposed?.design);
-  return lay(picture, card, { x: 0, y: 0, width: monitor.width, height: monitor.height });
-}
-
-function drawnMonitor(monitor, plane) {
-  const element = lay(document.createElement('div'), monitor, plane);
-  element.className = 'monitor';
-  const name = document.createElement('span');
-  name.textContent = monitor.name;
-  name.title = t('monitorSize', { width: monitor.width, height: monitor.height });
-  element.append(name, ...monitor.cards.map((card) => drawnCard(card, monitor)));
-  // What the fields do for everybody, for the pointer.
-  element.addEventListener('click', (event) => {
-    if (!proposed) return;
-    const box = element.getBoundingClientRect();
-    const third = (at, length) => Math.min(2, Math.max(0, Math.floor((3 * at) / length)));
-    const [anchor] = anchors[third(event.clientX - box.left, box.width) + 3 * third(event.clientY - box.top, box.height)];
-    const isMain = proposed.output === 'primary' && monitor.isMain;
-    choose({ anchor, output: isMain || proposed.output === 'all' ? proposed.output : monitor.name });
-  });
-  return element;
-}
-
-function showMonitors() {
-  const { monitors } = desktop;
-  const x = Math.min(...monitors.map((monitor) => monitor.x));
-  const y = Math.min(...monitors.map((monitor) => monitor.y));
-  const width = Math.max(...monitors.map((monitor) => monitor.x + monitor.width)) - x;
-  const height = Math.max(...monitors.map((monitor) => monitor.y + monitor.height)) - y;
-  by('monitors').hidden = monitors.length === 0;
-  by('no-monitors').hidden = monitors.length > 0;
-  by('monitors').style.setProperty('--ratio', width / height || 1);
-  by('monitors').replaceChildren(...monitors.map((monitor) => drawnMonitor(monitor, { x, y, width, height })));
+// Where a place comes to stand: one of every monitor, or of the main one, stays that.
+function moved({ output }, { monitor, anchor }) {
+  const isMain = output === 'primary' && desktop.monitors.find(({ name }) => name === monitor).isMain;
+  return { anchor, output: isMain || output === 'all' ? output : monitor };
 }
 
 function showFields() {
@@ -165,7 +121,9 @@ function show(reference) {
   by('place-unsaved').hidden = !proposed || !draft.isUnsaved || desktop.designs[indexOf(proposed.design)] !== draft.record.id;
   by('place-on').hidden = !proposed || isPlaced();
   by('place-off').hidden = !proposed || !isPlaced();
-  showMonitors();
+  showMonitors(desktop.monitors, { places: desktop.places, designs: state().designs, chosen: proposed?.design });
+  by('no-monitors').hidden = desktop.monitors.length > 0;
+  by('monitors-hint').hidden = desktop.monitors.length === 0 || !proposed;
   showFields();
   showPlaces();
   // What was done can be undone by the button that comes instead.
@@ -261,6 +219,13 @@ export function setUpPlace(page, desktopChanged) {
   state = page.state;
   changed = desktopChanged;
   makeAnchors();
+  setUpMonitors({
+    clicked: (spot) => proposed && choose(moved(proposed, spot)),
+    dropped: (place, spot) => {
+      proposed = { ...place };
+      choose(moved(place, spot));
+    },
+  });
   by('place').addEventListener('click', async () => {
     await page.settled();
     open();

@@ -4,7 +4,7 @@ import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from 'nod
 import { tmpdir, userInfo } from 'node:os';
 import { createInterface } from 'node:readline';
 import { join, resolve } from 'node:path';
-import { chromium } from 'playwright-core';
+import { chromium, firefox } from 'playwright-core';
 
 const flags = ['--headless', '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
   '--disable-background-networking', '--disable-component-update', '--disable-sync'];
@@ -55,6 +55,11 @@ export class Home {
   }
 }
 
+// Chromium, or the Firefox that Debian has when ORVEL_BROWSER says so: driven over WebDriver BiDi, as it isn't patched.
+export const isFirefox = process.env.ORVEL_BROWSER === 'firefox';
+
 export function openBrowser() {
-  return chromium.launch({ executablePath: '/usr/bin/chromium', args: flags });
+  return isFirefox
+    ? firefox.launch({ channel: 'moz-firefox', executablePath: '/usr/bin/firefox-esr', timeout: 60000 })
+    : chromium.launch({ executablePath: '/usr/bin/chromium', args: flags });
 }

@@ -4,7 +4,7 @@
 import assert from 'node:assert/strict';
 import { readFileSync } from 'node:fs';
 import { kinds } from '../../designer/page/kinds.js';
-import { Home, openBrowser } from './designer.mjs';
+import { Home, isFirefox, openBrowser } from './designer.mjs';
 import { Driver, byRole, eventually, fill, press, tabTo } from './driver.mjs';
 import { feeding } from './feeding.mjs';
 import { placing } from './placing.mjs';
@@ -45,6 +45,14 @@ async function fieldsOf(kind, page) {
   return visible.filter((field) => field !== 'title');
 }
 
+// The file behind a link; a Firefox that isn't patched doesn't say where it has put it.
+async function download(page, name) {
+  const link = page.getByRole('link', { name });
+  if (isFirefox) return (await page.context().request.get(await link.evaluate((element) => element.href))).body();
+  const [file] = await Promise.all([page.waitForEvent('download'), link.click()]);
+  return readFileSync(await file.path());
+}
+
 async function eachKindFromNothing(page) {
   page.on('dialog', () => assert.fail('a text of a design ran'));
   for (const [kind, { names }] of Object.entries(kinds)) {
@@ -69,8 +77,7 @@ async function eachKindFromNothing(page) {
     for (const family of ['small', 'medium']) {
       const name = family === 'small' ? 'Small card' : 'Medium card';
       const drawn = home.orvel('render', '--family', family, '--scale', '2', '-o', '-');
-      const [download] = await Promise.all([page.waitForEvent('download'), page.getByRole('link', { name: `PNG, ${family}` }).click()]);
-      assert.ok(drawn.equals(readFileSync(await download.path())), `${kind}, ${family}: the download`);
+      assert.ok(drawn.equals(await download(page, `PNG, ${family}`)), `${kind}, ${family}: the download`);
       await eventually(`${kind}, ${family}: as orvel render draws it`, true, async () => drawn.equals(await picture(page, name)));
     }
     await eventually(`${kind} in words`, home.orvel('show').toString().trim(),
@@ -154,11 +161,12 @@ async function secondWindow(page) {
   await other.getByLabel('Title').fill('Typed in another window');
   await eventually('both show it', 'Typed in another window', () => page.getByLabel('Title').inputValue());
   await other.close();
+  await press(page, 'Save');
 }
 
 async function keyboardAlone(page) {
   const count = stored().length;
-  await press(page, 'Save');
+  await page.getByLabel('Title').focus();
   await tabTo(page, 'Duplicate');
   await page.keyboard.press('Enter');
   await eventually('a copy', count + 1, async () => stored().length);
@@ -190,8 +198,11 @@ async function secondCallAndEnd(page) {
 const watchdog = setTimeout(() => { console.error('no end'); process.exit(1); }, 550000);
 try {
   const page = await open();
-  for (const part of [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt, fieldsTakeWhatAPersonWrites,
-    secondWindow, keyboardAlone, placing, sharing, feeding, secondCallAndEnd]) {
+  // Firefox is driven without its clipboard, and without Tab.
+  const notInFirefox = isFirefox ? [keyboardAlone, placing, sharing] : [];
+  const parts = [eachKindFromNothing, fieldsOfAnotherKindAreKept, whatWasTypedIsKept, anotherProgramChangesIt, fieldsTakeWhatAPersonWrites,
+    secondWindow, keyboardAlone, placing, sharing, feeding, secondCallAndEnd];
+  for (const part of parts.filter((each) => !notInFirefox.includes(each))) {
     await part(page, driver).catch(async (error) => {
       for (const each of driver.context.pages()) console.error(await each.evaluate(() => document.body.innerText));
       throw error;

@@ -4,6 +4,19 @@ import { byRole, edit, eventually, press, tabTo } from './driver.mjs';
 
 const dialog = (page) => byRole(page, 'dialog', 'Place on the desktop');
 
+// Two monitors, with the first place's card at the top left of the first one.
+async function withMonitors(page, act) {
+  await page.route(/\/api\/desktop/, async (route) => {
+    const json = await (await route.fetch()).json();
+    const cards = json.places.length > 0 ? [{ place: 0, id: json.designs[0], x: 20, y: 20, width: 170, height: 170 }] : [];
+    const monitor = { y: 0, width: 1200, height: 900 };
+    json.monitors = [{ ...monitor, name: 'A', x: 0, isMain: true, cards }, { ...monitor, name: 'B', x: 1200, isMain: false, cards: [] }];
+    await route.fulfill({ json });
+  });
+  await act();
+  await page.unrouteAll({ behavior: 'wait' });
+}
+
 export async function placing(page, { home, places, stored }) {
   const { id, title } = stored()[0];
   await edit(page, id);
@@ -46,6 +59,29 @@ export async function placing(page, { home, places, stored }) {
   assert.ok(stored().some((spec) => spec.id === id), 'and still stored');
   home.orvel('unplace', '1');
   await page.keyboard.press('Escape');
+
+  // By the pointer: a click says where the chosen card shall stand, and a card is dragged there.
+  home.orvel('place', id, '--anchor', 'top-left');
+  await withMonitors(page, async () => {
+    await press(page, 'Place');
+    const where = async () => places().map(({ anchor, output }) => [anchor, output]);
+    await page.locator('.monitor').first().click({ position: { x: 5, y: 100 } });
+    await eventually('in the ninth that was clicked', [['left', 'primary']], where);
+    const monitors = await page.locator('.monitor').all();
+    const [from, main, other] = await Promise.all([page.locator('.monitor img'), ...monitors].map((each) => each.boundingBox()));
+    const drag = async (box, across, down) => {
+      await page.mouse.move(from.x + from.width / 2, from.y + from.height / 2);
+      await page.mouse.down();
+      await page.mouse.move(box.x + box.width * across, box.y + box.height * down, { steps: 3 });
+      await page.mouse.up();
+    };
+    await drag(main, 0.5, 0.5);
+    await eventually('in the middle', [['center', 'primary']], where);
+    await drag(other, 0.9, 0.9);
+    await eventually('on the other monitor', [['bottom-right', 'B']], where);
+    await press(page, 'Close');
+  });
+  home.orvel('unplace', '1');
 
   await press(page, 'New design');
   await page.getByLabel('Title').fill('Not stored yet');

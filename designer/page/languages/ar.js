@@ -192,7 +192,6 @@ export default {
   symbolNear: 'تعذّر رسم «{0}»؛ أقرب رمز هو «{1}».',
   symbolUnknown: 'تعذّر رسم «{0}».',
   takeBack: 'يتراجع عن: {what}',
-  takeBackPlace: 'يتراجع عن آخر تغيير لمكان',
   takeJson: 'تحرير هذا التصميم',
   takenBack: 'تم التراجع',
   takenOff: 'أُزيل من سطح المكتب. يبقى التصميم محفوظًا.',

@@ -192,7 +192,6 @@ export default {
   symbolNear: '„{0}“ kann nicht gezeichnet werden; am nächsten kommt „{1}“.',
   symbolUnknown: '„{0}“ kann nicht gezeichnet werden.',
   takeBack: 'Macht rückgängig: {what}',
-  takeBackPlace: 'Nimmt die letzte Änderung eines Platzes zurück',
   takeJson: 'Diesen Entwurf bearbeiten',
   takenBack: 'Rückgängig gemacht',
   takenOff: 'Vom Schreibtisch genommen. Der Entwurf bleibt gespeichert.',

@@ -192,7 +192,6 @@ export default {
   symbolNear: '“{0}” can’t be drawn; the nearest is “{1}”.',
   symbolUnknown: '“{0}” can’t be drawn.',
   takeBack: 'Takes back: {what}',
-  takeBackPlace: 'Takes back the last change of a place',
   takeJson: 'Edit this design',
   takenBack: 'Taken back',
   takenOff: 'Taken off the desktop. The design stays stored.',

@@ -192,7 +192,6 @@ export default {
   symbolNear: '«{0}» no se puede dibujar; el más parecido es «{1}».',
   symbolUnknown: '«{0}» no se puede dibujar.',
   takeBack: 'Deshace: {what}',
-  takeBackPlace: 'Deshace el último cambio de lugar',
   takeJson: 'Editar este diseño',
   takenBack: 'Deshecho',
   takenOff: 'Quitado del escritorio. El diseño sigue guardado.',

@@ -192,7 +192,6 @@ export default {
   symbolNear: '« {0} » ne peut pas être dessiné ; le plus proche est « {1} ».',
   symbolUnknown: '« {0} » ne peut pas être dessiné.',
   takeBack: 'Annule : {what}',
-  takeBackPlace: 'Annule le dernier changement de place',
   takeJson: 'Modifier ce modèle',
   takenBack: 'Annulé',
   takenOff: 'Retiré du bureau. Le modèle reste enregistré.',

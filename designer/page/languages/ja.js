@@ -192,7 +192,6 @@ export default {
   symbolNear: '「{0}」は描画できません。最も近いのは「{1}」です。',
   symbolUnknown: '「{0}」は描画できません。',
   takeBack: '取り消す操作: {what}',
-  takeBackPlace: '位置の最後の変更を取り消します',
   takeJson: 'このデザインを編集',
   takenBack: '取り消しました',
   takenOff: 'デスクトップから外しました。デザインは保存されたままです。',
