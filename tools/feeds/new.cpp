@@ -5,7 +5,6 @@
 #include "feeds/feeds.h"
 #include "feeds/run.h"
 #include "feeds/templates.h"
-#include "platform/foundation/installation.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/unicode.h"
 #include "tools/core/terminal.h"
@@ -22,13 +21,6 @@ std::vector<std::string> words(std::string_view text, char between) {
         start = end + 1;
     }
     return result;
-}
-
-// Beside the command where it is built.
-std::filesystem::path script(const FeedTemplate& source) {
-    std::error_code code;
-    const auto beside = installedPrograms() / "feed-templates" / source.name;
-    return std::filesystem::exists(beside, code) ? beside : installedData() / "orvel" / "feeds" / source.name;
 }
 
 void listTemplates(Console& console) {
@@ -62,20 +54,22 @@ Outcome<Done> checkArguments(const FeedTemplate& source, const std::vector<std::
 }
 
 Feed feedOf(const FeedTemplate& source, const NewFeed& wanted) {
-    Feed feed = wanted.feed;
-    if (feed.name.empty()) feed.name = source.name;
-    if (feed.design.empty()) feed.design = feed.name;
-    feed.every = wanted.every ? *wanted.every : *everyText(std::string(source.every));
-    feed.first = words(source.first, ';');
-    feed.whenOnline = feed.whenOnline || source.whenOnline;
-    feed.pausesOnBattery = feed.pausesOnBattery || source.pausesOnBattery;
-    feed.command = {script(source)};
+    std::vector<std::string> arguments;
     for (const std::string& argument : wanted.arguments) {
         // A file or folder is found from wherever it runs.
         std::error_code code;
         const bool isPath = std::filesystem::exists(argument, code);
-        feed.command.push_back(isPath ? std::filesystem::absolute(argument).lexically_normal().string() : argument);
+        arguments.push_back(isPath ? std::filesystem::absolute(argument).lexically_normal().string() : argument);
     }
+    const Feed usual = feedFrom(source, arguments);
+    Feed feed = wanted.feed;
+    if (feed.name.empty()) feed.name = usual.name;
+    if (feed.design.empty()) feed.design = feed.name;
+    feed.every = wanted.every.value_or(usual.every);
+    feed.first = usual.first;
+    feed.command = usual.command;
+    feed.whenOnline = feed.whenOnline || usual.whenOnline;
+    feed.pausesOnBattery = feed.pausesOnBattery || usual.pausesOnBattery;
     return feed;
 }
 
