@@ -27,15 +27,16 @@ TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
     EXPECT_EQ(run({"render", "-o", "-"}).out, files["widget.png"]);
 
     const std::pair<const char*, const char*> formats[] = {
-        {"a.png", "\x89PNG"}, {"a.svg", "width=\"364px\" height=\"170px\""}, {"a.pdf", "(20010101000000Z)"}};
+        {"a.png", "\x89PNG"}, {"a.svg", "width=\"364px\" height=\"170px\""}, {"a.pdf", "%PDF-"}};
     for (const auto& [file, part] : formats) {
-        const auto draw = [&, file = file] {
-            EXPECT_EQ(run({"render", "-o", file, "--family", "medium", "--at", "2001-01-01T00:00:00Z"}).code, done);
+        const auto draw = [&, file = file](const char* moment) {
+            EXPECT_EQ(run({"render", "-o", file, "--family", "medium", "--at", moment}).code, done);
             return files[file];
         };
-        const std::string once = draw();
+        const std::string once = draw("2001-01-01T00:00:00Z");
         EXPECT_NE(once.find(part), std::string::npos) << file;
-        EXPECT_EQ(draw(), once) << file;
+        EXPECT_EQ(draw("2001-01-01T00:00:00Z"), once) << file;
+        EXPECT_EQ(draw("2002-01-01T00:00:00Z") == once, once.front() != '%') << file << ": a PDF tells of the moment";
     }
     EXPECT_EQ(files["a.svg"].find("</text>"), std::string::npos);
     EXPECT_EQ(run({"render", "--text", "-o", "a.svg"}).code, done);
@@ -46,10 +47,12 @@ TEST_F(Command, RendersTheStoreOrADesignInEveryFormat) {
 
 TEST_F(Command, GalleryShowsEveryKindInBothSizesTheSameEveryDay) {
     auto& files = machine.files.contents;
-    for (const char* file : {"gallery.svg", "again.svg", "gallery.pdf"})
+    for (const char* file : {"gallery.svg", "again.svg", "gallery.pdf", "again.pdf"})
         EXPECT_EQ(run({"gallery", "-o", file}).code, done);
-    const std::string& svg = files["gallery.svg"];
+    std::string& svg = files["gallery.svg"];
     EXPECT_EQ(svg, files["again.svg"]);
+    EXPECT_EQ(files["gallery.pdf"], files["again.pdf"]);
+    std::erase(svg, ' ');  // newer versions of Cairo have some in colours
     const auto count = [&](const std::string& part) {
         int found = 0;
         for (auto at = svg.find(part); at != svg.npos; at = svg.find(part, at + 1)) ++found;
@@ -57,7 +60,6 @@ TEST_F(Command, GalleryShowsEveryKindInBothSizesTheSameEveryDay) {
     };
     constexpr int cards = 2 * (static_cast<int>(WidgetSpec::allCases.size()) + 1);
     EXPECT_EQ(count("rgb(8.627451%,8.627451%,9.803922%)"), cards) << "a background each";
-    EXPECT_NE(files["gallery.pdf"].find("(20260101090000Z)"), std::string::npos) << "its own moment";
 }
 
 TEST_F(Command, SaysInOneLineWhatFailedAndWritesNothing) {
