@@ -7,6 +7,7 @@
 #include "model/widget_spec_json.h"
 #include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -98,27 +99,29 @@ Specs Change::appliedTo(Specs specs) const {
 namespace Changes {
 
 Outcome<Change> adding(const Specs& specs, WidgetSpec spec) {
-    if (spec.id.empty()) return Failure{"the id is empty; a design needs one", Failure::Cause::circumstances, "id"};
+    if (spec.id.empty())
+        return Failure{sentence("the id is empty; a design needs one"), Failure::Cause::circumstances, "id"};
     std::set<std::size_t> same;
     for (std::size_t i = 0; i < specs.size(); ++i)
         if (hasId(spec.id)(specs[i])) same.insert(i);
     Change change = taking(specs, same);
-    change.what = (same.empty() ? "added " : "replaced ") + nameOf(spec);
+    change.what = same.empty() ? sentence("added {0}", nameOf(spec)) : sentence("replaced {0}", nameOf(spec));
     change.inserted.push_back({0, std::move(spec)});
     return change;
 }
 
 Outcome<Change> replacing(const Specs& specs, std::size_t index, WidgetSpec spec) {
     if (!hasId(spec.id)(specs[index])) {
-        if (spec.id.empty()) return Failure{"the id is empty; a design needs one", Failure::Cause::circumstances, "id"};
+        if (spec.id.empty())
+            return Failure{sentence("the id is empty; a design needs one"), Failure::Cause::circumstances, "id"};
         const auto other = std::ranges::find_if(specs, hasId(spec.id));
         if (other != specs.end())
-            return Failure{"id=" + unicode::onOneLine(spec.id) + ": it is the id of design @" +
-                               std::to_string(other - specs.begin() + 1),
-                           Failure::Cause::circumstances, "id"};
+            return Failure{
+                sentence("id={0}: it is the id of design @{1}", unicode::onOneLine(spec.id), other - specs.begin() + 1),
+                Failure::Cause::circumstances, "id"};
     }
     Change change = taking(specs, {index});
-    change.what = "changed " + nameOf(specs[index]);
+    change.what = sentence("changed {0}", nameOf(specs[index]));
     change.inserted.push_back({index, std::move(spec)});
     return change;
 }
@@ -129,8 +132,8 @@ Change movingToFront(const Specs& specs, std::size_t index) {
 
 Change moving(const Specs& specs, std::size_t index, std::size_t to) {
     Change change = taking(specs, {index});
-    change.what = "moved " + nameOf(specs[index]) +
-                  (to == 0 ? std::string(" to the front") : " to position " + std::to_string(to + 1));
+    change.what = to == 0 ? sentence("moved {0} to the front", nameOf(specs[index]))
+                          : sentence("moved {0} to position {1}", nameOf(specs[index]), to + 1);
     change.inserted.push_back({to, specs[index]});
     return change;
 }
@@ -142,7 +145,9 @@ Change removing(const Specs& specs, const std::set<std::size_t>& indexes) {
     for (std::size_t i = 0; i < std::min(mostNames, change.removed.size()); ++i)
         names.push_back(nameOf(change.removed[i].spec));
     const std::size_t more = change.removed.size() - names.size();
-    change.what = "removed " + joined(names, ", ") + (more > 0 ? " and " + std::to_string(more) + " more" : "");
+    const std::string which = enumerated(names, toTranslate("{0}, {1}"), toTranslate("{0}, {1}"));
+    change.what =
+        sentence("removed {0}", more > 0 ? counted("{1} and {0} more", "{1} and {0} more", more, which) : which);
     return change;
 }
 
@@ -159,13 +164,14 @@ Outcome<std::optional<Specs>> takenBack(const Change& change, Specs specs) {
             else
                 found.reset();
         }
-        if (!found) return Failure{nameOf(place->spec) + " has been changed or removed by another program since"};
+        if (!found)
+            return Failure{sentence("{0} has been changed or removed by another program since", nameOf(place->spec))};
         specs.erase(specs.begin() + static_cast<std::ptrdiff_t>(*found));
     }
     for (const Place& place : back)
         if (countOfId(specs, place.spec.id) > place.sameId)
-            return Failure{"another program has stored a design with the id " + unicode::onOneLine(place.spec.id) +
-                           " since"};
+            return Failure{sentence("another program has stored a design with the id {0} since",
+                                    unicode::onOneLine(place.spec.id))};
     return std::optional(inserting(back, std::move(specs)));
 }
 

@@ -5,6 +5,7 @@
 #include "format/hex_color.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 
@@ -19,7 +20,7 @@ std::string nearColor(std::string_view text) {
     text = unicode::trimmingWhitespace(text);
     if (const auto names = nearestWords(text, colorNames()); !names.empty()) {
         const std::string name(names.front());
-        return "; did you mean " + name + ", which is " + accentText(name) + "?";
+        return sentence("did you mean {0}, which is {1}?", name, accentText(name));
     }
     // As other programs write them: "0x0A84FF", and with opacity behind, "#0A84FFCC".
     std::string_view digits = text;
@@ -28,7 +29,7 @@ std::string nearColor(std::string_view text) {
     const std::size_t count = digits.size() == 8 ? 6 : digits.size() == 4 ? 3 : digits.size();
     const std::string candidate = "#" + std::string(digits.substr(0, count));
     if (HexColor::hexString(digits.substr(0, count)) && candidate != text)
-        return "; did you mean \"" + candidate + "\"?";
+        return sentence("did you mean \"{0}\"?", candidate);
     return {};
 }
 

@@ -30,7 +30,7 @@ constexpr auto colorNames() {
 /// The colour of such a name, in any letter case, as a design stores it; any other text as it is.
 std::string accentText(const std::string& text);
 
-/// "; did you mean …?" with a colour near a text that is none, or nothing.
+/// "did you mean …?" with a colour near a text that is none, or nothing.
 std::string nearColor(std::string_view text);
 
 }  // namespace orvel

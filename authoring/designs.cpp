@@ -1,21 +1,26 @@
 #include "authoring/designs.h"
 
-#include <sstream>
 #include <utility>
 
 #include "authoring/history.h"
 #include "authoring/keep_beside.h"
+#include "authoring/number_text.h"
 #include "model/store_files.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
+
+std::string unchanged(const std::string& why) {
+    return clauses(why, sentence("nothing has been changed"));
+}
 
 // The history's text before an entry was made, so that the entry can be withdrawn.
 Outcome<std::string> enter(const Change& change, const Platform& platform) {
     auto before = History::read(platform);
     if (!before) return before.failure();
     const auto after = History::with(change, *before);
-    if (!after) return Failure{"the change can't be written as JSON"};
+    if (!after) return Failure{sentence("the change can't be written as JSON")};
     const auto written = History::write(*after, platform);
     if (!written) return written.failure();
     return *std::move(before);
@@ -42,10 +47,8 @@ Outcome<std::unique_ptr<FolderLock>> lockStore(const Platform& platform, const L
     auto lock = platform.files.lock(folder, heard);
     if (lock) return *std::move(lock);
     if (lock.failure().code != std::errc::timed_out) return Failure{folder.string() + ": " + lock.failure().message()};
-    std::ostringstream reason;
-    reason << folder.string() << ": " << holder << " still holds the lock after " << wait.most.count()
-           << " s; nothing has been changed";
-    return Failure{reason.str()};
+    return Failure{unchanged(folder.string() + ": " +
+                             sentence("{0} still holds the lock after {1} s", holder, inShort(wait.most.count())))};
 }
 
 Outcome<std::vector<WidgetSpec>> readDesigns(const Platform& platform) {
@@ -65,10 +68,9 @@ Outcome<OpenDesigns> openDesigns(const Platform& platform, const LockWait& wait,
         designs.specs = *std::move(specs);
     } else if (specs.failure().isInvalid()) {
         designs.startsOver = whenInvalid == WhenInvalid::startOver;
-        if (!designs.startsOver)
-            return Failure{specs.failure().message() + "; nothing has been changed", Failure::Cause::content};
+        if (!designs.startsOver) return Failure{unchanged(specs.failure().message()), Failure::Cause::content};
     } else if (!specs.failure().isMissing()) {
-        return Failure{specs.failure().message() + "; nothing has been changed"};
+        return Failure{unchanged(specs.failure().message())};
     }
     return designs;
 }
@@ -107,15 +109,15 @@ Outcome<Undone> undo(const OpenDesigns& designs, const Platform& platform) {
     if (!history) return history.failure();
     const auto change = History::last(*history);
     if (!change) return Failure{History::file(platform).string() + ": " + change.failure().reason};
-    if (!*change) return Failure{"there is no change to take back"};
+    if (!*change) return Failure{sentence("there is no change to take back")};
     const std::string what = (*change)->what;
 
     auto specs = Changes::takenBack(**change, designs.specs);
-    if (!specs)
-        return Failure{"can't take back \"" + what + "\": " + specs.failure().reason + "; nothing has been changed"};
+    if (!specs) return Failure{unchanged(sentence("can't take back \"{0}\": {1}", what, specs.failure().reason))};
     if (!*specs) {
         (void)History::write(History::withoutLast(*history), platform);
-        return Failure{"\"" + what + "\" has been taken back already; the next undo takes back the change before it"};
+        return Failure{
+            sentence("\"{0}\" has been taken back already; the next undo takes back the change before it", what)};
     }
     auto saved = write(**specs, platform);
     if (!saved) return saved.failure();
@@ -124,7 +126,7 @@ Outcome<Undone> undo(const OpenDesigns& designs, const Platform& platform) {
     if (const auto& accepted = (*change)->accepted) {
         const auto pending = StoreFiles::readPending(platform);
         if (pending ? *pending != *accepted : !pending.failure().isMissing())
-            undone.pendingStays = "another design is pending by now";
+            undone.pendingStays = sentence("another design is pending by now");
         else if (const auto written = StoreFiles::writePending(*accepted, platform); !written)
             undone.pendingStays = written.failure().message();
     }

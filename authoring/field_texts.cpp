@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <sstream>
 #include <type_traits>
 
 #include "authoring/color_names.h"
@@ -13,6 +12,7 @@
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -21,18 +21,18 @@ using enum WidgetField;
 using GivenBy = FieldText::GivenBy;
 
 constexpr std::array table{
-    FieldText{kind, "kind", "", "What the card shows"},
-    FieldText{title, "title", "TEXT", "The caption"},
-    FieldText{primary, "primary", "TEXT", "The large text"},
-    FieldText{secondary, "secondary", "TEXT", "The last line"},
-    FieldText{items, "item", "TEXT", "A row, commas included; give it again for the next"},
-    FieldText{progress, "progress", "PORTION", "How much of the ring is full: 0.38, 38% or 19/50"},
+    FieldText{kind, "kind", "", toTranslate("What the card shows")},
+    FieldText{title, "title", "TEXT", toTranslate("The caption")},
+    FieldText{primary, "primary", "TEXT", toTranslate("The large text")},
+    FieldText{secondary, "secondary", "TEXT", toTranslate("The last line")},
+    FieldText{items, "item", "TEXT", toTranslate("A row, commas included; give it again for the next")},
+    FieldText{progress, "progress", "PORTION", toTranslate("How much of the ring is full: 0.38, 38% or 19/50")},
     FieldText{targetISO8601, "target", "DATE",
-              "The date: 2026-12-24, 2026-12-24T18:00:00Z, \"2026-12-24 18:00\" (local time), +3d, +5h"},
-    FieldText{symbol, "symbol", "SYMBOL", "The symbol's name; orvel symbols lists them"},
-    FieldText{accentHex, "accent", "COLOUR", "The accent colour, such as #0A84FF or orange"},
-    FieldText{id, "id", "TEXT", "Its id; one that is stored already is replaced"},
-    FieldText{createdAt, "createdAt", "INSTANT", "When it was made", GivenBy::assignmentAlone},
+              toTranslate("The date: 2026-12-24, 2026-12-24T18:00:00Z, \"2026-12-24 18:00\" (local time), +3d, +5h")},
+    FieldText{symbol, "symbol", "SYMBOL", toTranslate("The symbol's name; orvel symbols lists them")},
+    FieldText{accentHex, "accent", "COLOUR", toTranslate("The accent colour, such as #0A84FF or orange")},
+    FieldText{id, "id", "TEXT", toTranslate("Its id; one that is stored already is replaced")},
+    FieldText{createdAt, "createdAt", "INSTANT", toTranslate("When it was made"), GivenBy::assignmentAlone},
 };
 static_assert(table.size() == std::tuple_size_v<decltype(widget_fields::table)>, "a field has no row in this table");
 
@@ -59,7 +59,7 @@ template <>
 struct Parsed<id, std::string> {
     static Outcome<std::string> from(const std::string& text, const Platform&) {
         if (!text.empty()) return text;
-        return wrong(id, "the id is empty; every design needs one of its own");
+        return wrong(id, sentence("the id is empty; every design needs one of its own"));
     }
 };
 
@@ -82,8 +82,9 @@ template <WidgetField field>
 struct Parsed<field, WidgetKind> {
     static Outcome<WidgetKind> from(const std::string& text, const Platform&) {
         if (const auto known = kindFromRawValue(text)) return *known;
-        return wrong(field, "kind \"" + unicode::onOneLine(text) + "\": " + alternatives(kindNames()) + " is wanted" +
-                                didYouMean(text, kindNames()));
+        return wrong(
+            field, clauses(sentence("kind \"{0}\": {1} is wanted", unicode::onOneLine(text), alternatives(kindNames())),
+                           didYouMean(text, kindNames())));
     }
 };
 
@@ -92,8 +93,8 @@ struct Parsed<field, double> {
     static Outcome<double> from(const std::string& text, const Platform&) {
         const auto portion = portionText(text);
         if (portion && std::isfinite(*portion)) return *portion;
-        return wrong(field, std::string(name(field)) + " \"" + unicode::onOneLine(text) +
-                                "\": a number from 0 to 1 is wanted, such as 0.38, 38% or 19/50");
+        return wrong(field, sentence("{0} \"{1}\": a number from 0 to 1 is wanted, such as 0.38, 38% or 19/50",
+                                     name(field), unicode::onOneLine(text)));
     }
 };
 
@@ -101,8 +102,8 @@ template <WidgetField field>
 struct Parsed<field, Date> {
     static Outcome<Date> from(const std::string& text, const Platform&) {
         if (const auto instant = iso8601::dateTime(text, iso8601::Fraction::allowed)) return *instant;
-        return wrong(field, std::string(name(field)) + " \"" + unicode::onOneLine(text) +
-                                "\": a date-time such as 2026-01-31T09:00:00Z is wanted");
+        return wrong(field, sentence("{0} \"{1}\": a date-time such as 2026-01-31T09:00:00Z is wanted", name(field),
+                                     unicode::onOneLine(text)));
     }
 };
 
@@ -121,16 +122,16 @@ void addRows(std::string_view typed, const std::string& value, std::vector<std::
 
 void tellLoss(const std::optional<double>& given, const std::optional<double>& kept, std::vector<Warning>& losses) {
     if (given == kept) return;
-    std::ostringstream line;
-    line << "progress " << *given << " is kept as " << *kept << perCentMeant(*given);
-    losses.push_back({std::string(name(progress)), line.str()});
+    const std::string line = sentence("progress {0} is kept as {1}", inShort(*given), inShort(*kept));
+    losses.push_back({std::string(name(progress)), clauses(line, perCentMeant(*given))});
 }
 
 void tellLoss(const std::optional<std::vector<std::string>>& given, const std::optional<std::vector<std::string>>& kept,
               std::vector<Warning>& losses) {
     if (!given || given->size() == kept->size()) return;
-    losses.push_back({std::string(name(items)), std::to_string(given->size()) + " items, of which " +
-                                                    std::to_string(kept->size()) + " are kept"});
+    losses.push_back(
+        {std::string(name(items)),
+         counted("{0} item, of which {1} are kept", "{0} items, of which {1} are kept", given->size(), kept->size())});
 }
 
 template <class Row, class Record>
@@ -150,8 +151,8 @@ std::vector<std::string_view> typedNames() {
 
 Failure unknownField(std::string_view typed, const char* what, const std::vector<std::string_view>& known) {
     std::string hint = didYouMean(typed, known);
-    if (hint.empty()) hint = "; it is " + alternatives(known);
-    return {std::string(what) + " is called \"" + unicode::onOneLine(typed) + '"' + hint, Failure::Cause::request};
+    if (hint.empty()) hint = sentence("it is {0}", alternatives(known));
+    return {clauses(sentence(what, unicode::onOneLine(typed)), hint), Failure::Cause::request};
 }
 
 template <class Record>
@@ -161,7 +162,7 @@ Outcome<std::vector<Warning>> assignAll(const std::vector<Assignment>& assignmen
     std::optional<std::vector<std::string>> rows;
     for (const Assignment& each : assignments) {
         const FieldText* const found = find(each.field);
-        if (!found) return unknownField(each.field, "no field", typedNames());
+        if (!found) return unknownField(each.field, toTranslate("no field is called \"{0}\""), typedNames());
         const auto assigned = withWidgetField<Outcome<Done>>(
             [&](const auto& row) { return row.field == found->field; },
             [&](const auto& row) -> Outcome<Done> {
@@ -211,9 +212,9 @@ std::string_view typedName(WidgetField field) {
 Outcome<Assignment> assignment(const std::string& text) {
     const auto equals = text.find('=');
     if (equals == std::string::npos)
-        return Failure{
-            '"' + unicode::onOneLine(text) + "\": a field and its value are wanted, such as title=\"Active now\"",
-            Failure::Cause::request};
+        return Failure{sentence("\"{0}\": a field and its value are wanted, such as title=\"Active now\"",
+                                unicode::onOneLine(text)),
+                       Failure::Cause::request};
     return Assignment{text.substr(0, equals), text.substr(equals + 1)};
 }
 
@@ -255,7 +256,7 @@ Outcome<Done> unset(const std::string& typed, WidgetSpec& spec) {
             }
     });
     if (isOptional) return Done{};
-    return unknownField(typed, "no optional field", namesOfOptionalFields());
+    return unknownField(typed, toTranslate("no optional field is called \"{0}\""), namesOfOptionalFields());
 }
 
 }  // namespace orvel

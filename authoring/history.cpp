@@ -5,6 +5,7 @@
 #include "model/widget_spec_json.h"
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/json_writer.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::History {
 namespace {
@@ -120,7 +121,7 @@ Outcome<std::optional<Change>> last(std::string_view text) {
         });
         return isRead;
     });
-    if (syntax || !isRead) return Failure{"the last line of the history isn't understood"};
+    if (syntax || !isRead) return Failure{sentence("the last line of the history isn't understood")};
     return std::optional(std::move(change));
 }
 

@@ -7,6 +7,7 @@
 #include "model/store_files.h"
 #include "model/widget_spec_json.h"
 #include "platform/foundation/iso8601.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -63,7 +64,7 @@ Outcome<std::string> keepBeside(const path& file, Kept why, const Platform& plat
         (void)platform.files.remove(name);
         return failure(name, *kept->unsynced);
     }
-    return Failure{base + ": this name and the next are taken"};
+    return Failure{base + ": " + sentence("this name and the next are taken")};
 }
 
 Outcome<std::vector<path>> keptBeside(const path& file, const Platform& platform) {

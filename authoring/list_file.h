@@ -13,6 +13,7 @@
 #include "platform/foundation/outcome.h"
 #include "platform/foundation/platform.h"
 #include "platform/foundation/text_position.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 
@@ -64,7 +65,7 @@ struct ListFile {
         if (!former) {
             const auto kept = keepBeside(path, Kept::invalid, platform);
             if (!kept) return kept.failure();
-            notice = former.failure().reason + "; kept as " + *kept;
+            notice = clauses(former.failure().reason, sentence("kept as {0}", *kept));
         }
         const auto written = platform.files.replace(path, *json, permissions);
         if (!written) return failed(path, written.failure());

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 
@@ -38,7 +39,7 @@ std::string inShort(double number) {
 
 std::string perCentMeant(double progress) {
     if (!(progress > 1 && progress <= 100)) return {};
-    return "; did you mean " + inShort(progress) + "%, which is " + inShort(progress / 100) + "?";
+    return sentence("did you mean {0}%, which is {1}?", inShort(progress), inShort(progress / 100));
 }
 
 }  // namespace orvel

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <charconv>
 
+#include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -15,8 +17,8 @@ bool beginsWith(std::string_view id, std::string_view reference) {
 }
 
 std::string howMany(std::size_t designs) {
-    if (designs == 0) return "no designs are stored";
-    return designs == 1 ? "there is one design, @1" : "there are designs @1 to @" + std::to_string(designs);
+    if (designs == 0) return sentence("no designs are stored");
+    return counted("there is one design, @{0}", "there are designs @1 to @{0}", designs);
 }
 
 // "@1 6F1A2C (Release 2.0), @4 6F1B77 (Groceries)"
@@ -24,14 +26,15 @@ std::string candidates(const std::vector<WidgetSpec>& specs, const std::vector<s
     constexpr std::size_t most = 5;
     constexpr std::size_t longest = 40;
     const auto inShort = [](const std::string& text) { return unicode::onOneLine(unicode::prefix(text, longest)); };
-    std::string text;
+    std::vector<std::string> names;
     for (std::size_t i = 0; i < std::min(most, indexes.size()); ++i) {
         const WidgetSpec& spec = specs[indexes[i]];
-        if (i > 0) text += ", ";
-        text += "@" + std::to_string(indexes[i] + 1) + " " + inShort(spec.id) + " (" + inShort(spec.title) + ")";
+        names.push_back("@" + std::to_string(indexes[i] + 1) + " " + inShort(spec.id) + " (" + inShort(spec.title) +
+                        ")");
     }
-    if (indexes.size() > most) text += " and " + std::to_string(indexes.size() - most) + " more";
-    return text;
+    const std::string text = enumerated(names, toTranslate("{0}, {1}"), toTranslate("{0}, {1}"));
+    if (indexes.size() <= most) return text;
+    return counted("{1} and {0} more", "{1} and {0} more", indexes.size() - most, text);
 }
 
 Outcome<std::size_t> atPosition(const std::vector<WidgetSpec>& specs, const std::string& reference) {
@@ -51,8 +54,8 @@ Outcome<std::optional<std::size_t>> findWithId(const std::vector<WidgetSpec>& sp
         if (unicode::canonicallyEquivalent(specs[i].id, id)) same.push_back(i);
     if (same.empty()) return std::optional<std::size_t>();
     if (same.size() == 1) return std::optional(same.front());
-    return Failure{'"' + unicode::onOneLine(id) +
-                   "\" is the id of several designs; name one by its position: " + candidates(specs, same)};
+    return Failure{sentence("\"{0}\" is the id of several designs; name one by its position: {1}",
+                            unicode::onOneLine(id), candidates(specs, same))};
 }
 
 Outcome<std::size_t> findOne(const std::vector<WidgetSpec>& specs, const std::string& reference) {
@@ -65,9 +68,10 @@ Outcome<std::size_t> findOne(const std::vector<WidgetSpec>& specs, const std::st
         if (beginsWith(specs[i].id, reference)) beginning.push_back(i);
     if (beginning.size() == 1 && !reference.empty()) return beginning.front();
     if (beginning.empty() || reference.empty())
-        return Failure{'"' + unicode::onOneLine(reference) + "\": no design has that id; orvel list shows them"};
-    return Failure{"\"" + unicode::onOneLine(reference) +
-                   "\" is the beginning of several ids: " + candidates(specs, beginning)};
+        return Failure{
+            sentence("\"{0}\": no design has that id; orvel list shows them", unicode::onOneLine(reference))};
+    return Failure{sentence("\"{0}\" is the beginning of several ids: {1}", unicode::onOneLine(reference),
+                            candidates(specs, beginning))};
 }
 
 }  // namespace orvel

@@ -8,6 +8,7 @@
 #include "authoring/number_text.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -49,12 +50,13 @@ Outcome<std::string> targetText(const std::string& text, const Platform& platfor
         if (const auto local = iso8601::localDateTime(text)) {
             if (const auto instant = instantOf(*local, platform.timeZone)) return zoned(*instant, platform.timeZone);
         }
-        return wrong("target \"" + unicode::onOneLine(text) + "\": there is no such time");
+        return wrong(sentence("target \"{0}\": there is no such time", unicode::onOneLine(text)));
     }
     if (isStoredForm(text)) return text;
     return wrong(
-        "target \"" + unicode::onOneLine(text) +
-        "\": a date is wanted, a date-time such as 2026-12-24T18:00:00Z or \"2026-12-24 18:00\", or +3d or +5h");
+        sentence("target \"{0}\": a date is wanted, a date-time such as 2026-12-24T18:00:00Z or "
+                 "\"2026-12-24 18:00\", or +3d or +5h",
+                 unicode::onOneLine(text)));
 }
 
 }  // namespace orvel

@@ -5,6 +5,7 @@
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -27,8 +28,8 @@ std::vector<DesignWarning> unknownMembers(std::string json) {
             if (std::ranges::find(names, name) == names.end() && told.size() < 1000 && told.emplace(name).second) {
                 const std::string shown = unicode::onOneLine(unicode::prefix(name, longest));
                 const auto near = didYouMean(name, names);
-                found.push_back(
-                    {index, {std::string(name), '"' + shown + "\" is no field of a design and is ignored" + near}});
+                const auto what = sentence("\"{0}\" is no field of a design and is ignored", shown);
+                found.push_back({index, {std::string(name), clauses(what, near)}});
             }
             return true;
         });

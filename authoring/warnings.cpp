@@ -11,6 +11,7 @@
 #include "model/widget_fields.h"
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "views/card_color.h"
 
 namespace orvel {
@@ -38,74 +39,79 @@ std::string inShort(double number) {
     return text.str();
 }
 
-std::string inQuotes(std::string_view text) {
-    return '"' + inShort(text) + '"';
-}
-
 bool isBlank(const std::string& text) {
     return unicode::trimmingWhitespace(unicode::onOneLine(text)).empty();
 }
 
 Fault aboutTitle(const std::string& title) {
     if (!isBlank(title)) return std::nullopt;
-    return Said{"titleEmpty", "the title is empty"};
+    return Said{"titleEmpty", sentence("the title is empty")};
 }
 
 Fault aboutAccent(const std::string& accent) {
     const auto color = HexColor::hexString(accent);
     if (!color)
         return Said{"accentUnknown",
-                    "accent " + inQuotes(accent) + " is no colour; the standard accent is used" + nearColor(accent),
+                    clauses(sentence("accent \"{0}\" is no colour; the standard accent is used", inShort(accent)),
+                            nearColor(accent)),
                     {inShort(accent)}};
     const double ratio = contrast(*color, cardBackground);
     if (ratio >= leastContrast) return std::nullopt;
     const std::string better = hexText(lightened(*color, cardBackground)).substr(0, 7);
-    std::ostringstream line;
-    line.precision(1);
-    line << "accent " << inQuotes(accent) << " is hard to see on the card: its contrast is " << std::fixed << ratio
-         << " : 1, and 3 : 1 is wanted; " << better << " has that";
-    return Said{"accentFaint", line.str(), {better}};
+    std::ostringstream shown;
+    shown.precision(1);
+    shown << std::fixed << ratio;
+    return Said{"accentFaint",
+                sentence("accent \"{0}\" is hard to see on the card: its contrast is {1} : 1, and 3 : 1 is wanted; {2} "
+                         "has that",
+                         inShort(accent), shown.str(), better),
+                {better}};
 }
 
 Fault aboutTarget(const Text& target) {
-    if (!target) return Said{"targetMissing", "a countdown without a target shows \"—\""};
+    if (!target) return Said{"targetMissing", sentence("a countdown without a target shows \"—\"")};
     if (iso8601::dateTime(*target) || iso8601::fullDate(*target)) return std::nullopt;
     if (iso8601::fullDate(unicode::prefix(*target, 10)))
         return Said{"targetDay",
-                    "target " + inQuotes(*target) + " counts to local midnight; its time of day is dropped",
+                    sentence("target \"{0}\" counts to local midnight; its time of day is dropped", inShort(*target)),
                     {inShort(*target)}};
-    return Said{
-        "targetUnknown", "target " + inQuotes(*target) + " is no date; the card shows \"—\"", {inShort(*target)}};
+    return Said{"targetUnknown",
+                sentence("target \"{0}\" is no date; the card shows \"—\"", inShort(*target)),
+                {inShort(*target)}};
 }
 
 Fault aboutSymbol(const std::string& symbol, const Symbols& symbols) {
     if (symbols.contains(symbol)) return std::nullopt;
-    const std::string cantBeDrawn = "symbol " + inQuotes(symbol) + " can't be drawn";
+    const std::string cantBeDrawn = sentence("symbol \"{0}\" can't be drawn", inShort(symbol));
     if (const auto nearest = symbols.nearest(symbol))
-        return Said{"symbolNear", cantBeDrawn + "; the nearest is \"" + *nearest + '"', {inShort(symbol), *nearest}};
+        return Said{"symbolNear",
+                    clauses(cantBeDrawn, sentence("the nearest is \"{0}\"", *nearest)),
+                    {inShort(symbol), *nearest}};
     return Said{"symbolUnknown", cantBeDrawn, {inShort(symbol)}};
 }
 
 Fault aboutProgress(const std::optional<double>& progress) {
-    if (!progress) return Said{"progressMissing", "a progress card without progress shows 0 %"};
+    if (!progress) return Said{"progressMissing", sentence("a progress card without progress shows 0 %")};
     if (*progress >= 0 && *progress <= 1) return std::nullopt;
     return Said{"progressOutside",
-                "progress " + inShort(*progress) + " is not from 0 to 1" + perCentMeant(*progress),
+                clauses(sentence("progress {0} is not from 0 to 1", inShort(*progress)), perCentMeant(*progress)),
                 {inShort(*progress)}};
 }
 
 Fault aboutItems(const std::optional<std::vector<std::string>>& items) {
     constexpr std::size_t most = widget_limits::mostItems;
-    if (!items || items->empty()) return Said{"itemsMissing", "a list without items shows its title alone"};
+    if (!items || items->empty()) return Said{"itemsMissing", sentence("a list without items shows its title alone")};
     if (items->size() <= most) return std::nullopt;
     const std::string count = std::to_string(items->size());
-    return Said{
-        "itemsMany", count + " items, of which " + std::to_string(most) + " are shown", {count, std::to_string(most)}};
+    return Said{"itemsMany",
+                counted("{0} item, of which {1} are shown", "{0} items, of which {1} are shown", items->size(), most),
+                {count, std::to_string(most)}};
 }
 
 Fault aboutPrimary(const Text& primary) {
-    if (!primary) return Said{"primaryMissing", "without a primary text the card shows \"—\""};
-    if (isBlank(*primary)) return Said{"primaryEmpty", "the primary text is empty, and so is its place on the card"};
+    if (!primary) return Said{"primaryMissing", sentence("without a primary text the card shows \"—\"")};
+    if (isBlank(*primary))
+        return Said{"primaryEmpty", sentence("the primary text is empty, and so is its place on the card")};
     return std::nullopt;
 }
 
@@ -153,7 +159,7 @@ std::vector<Warning> warnings(const WidgetSpec& spec, const Symbols& symbols) {
         } else if (isGiven(row, spec)) {
             const std::string said(typedName(row.field));
             found.push_back(
-                {std::string(row.name), "a " + std::string(rawValue(spec.kind)) + " card doesn't show its " + said});
+                {std::string(row.name), sentence("a {0} card doesn't show its {1}", rawValue(spec.kind), said)});
         }
     });
     return found;
@@ -166,9 +172,8 @@ std::vector<DesignWarning> warnings(const std::vector<WidgetSpec>& specs, const 
         for (Warning& warning : warnings(specs[i], symbols)) found.push_back({i, std::move(warning)});
         const auto [first, isNew] = firstWithId.try_emplace(unicode::decomposed(specs[i].id), i);
         if (!isNew)
-            found.push_back({i,
-                             {"id", "the id " + inQuotes(specs[i].id) + " is design @" +
-                                        std::to_string(first->second + 1) + "'s too"}});
+            found.push_back(
+                {i, {"id", sentence("the id \"{0}\" is design @{1}'s too", inShort(specs[i].id), first->second + 1)}});
     }
     return found;
 }

@@ -5,7 +5,8 @@ include(CMakePackageConfigHelpers)
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/Orvel)
 set_target_properties(orvel_model PROPERTIES EXPORT_NAME model)
 set_target_properties(orvel_foundation PROPERTIES EXPORT_NAME foundation)
-install(TARGETS orvel_model orvel_foundation EXPORT OrvelTargets ARCHIVE COMPONENT development)
+set_target_properties(orvel_language PROPERTIES EXPORT_NAME language)
+install(TARGETS orvel_model orvel_foundation orvel_language EXPORT OrvelTargets ARCHIVE COMPONENT development)
 install(EXPORT OrvelTargets NAMESPACE Orvel:: DESTINATION ${package} COMPONENT development)
 
 install(

@@ -10,6 +10,7 @@
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::PlacesJSON {
 namespace {
@@ -30,7 +31,7 @@ std::optional<DesignPosition> position(std::string_view text) {
 class Decoder {
 public:
     bool decode(json::Value& value, std::vector<Place>& places) {
-        if (value.kind() != json::Kind::array) return fail("the places must be a list, in brackets", value);
+        if (value.kind() != json::Kind::array) return fail(sentence("the places must be a list, in brackets"), value);
         return value.elements([&](json::Value& element) { return decode(element, places.emplace_back()); });
     }
 
@@ -38,7 +39,7 @@ public:
 
 private:
     bool decode(json::Value& value, Place& place) {
-        if (value.kind() != json::Kind::object) return fail("a place must be an object, in braces", value);
+        if (value.kind() != json::Kind::object) return fail(sentence("a place must be an object, in braces"), value);
         const std::size_t start = value.offset();
         bool hasDesign = false;
         const bool isRead = value.members([&](std::string_view name, json::Value& member) {
@@ -46,7 +47,7 @@ private:
             return take(name, member, place);
         });
         if (isRead && !hasDesign)
-            fault = TextFault{"\"design\" is missing: an id, or a position such as \"@1\"", start};
+            fault = TextFault{sentence("\"design\" is missing: an id, or a position such as \"@1\""), start};
         return isRead && hasDesign;
     }
 
@@ -62,7 +63,7 @@ private:
     }
 
     bool text(std::string_view name, json::Value& value, std::string& field) {
-        if (value.kind() != json::Kind::string) return fail(inQuotes(name) + " must be a text", value);
+        if (value.kind() != json::Kind::string) return fail(sentence("\"{0}\" must be a text", name), value);
         const auto string = value.string();
         if (string) field = *string;
         return string.has_value();
@@ -72,7 +73,8 @@ private:
         std::string reference;
         const std::size_t offset = value.offset();
         if (!text("design", value, reference)) return false;
-        if (reference.empty()) return fail("\"design\" is empty: it is an id, or a position such as \"@1\"", offset);
+        if (reference.empty())
+            return fail(sentence("\"design\" is empty: it is an id, or a position such as \"@1\""), offset);
         if (const auto found = position(reference))
             field = *found;
         else
@@ -87,8 +89,8 @@ private:
         if (!text(name, value, given)) return false;
         const auto found = place_words::valueOf(table, given);
         if (!found)
-            return fail(inQuotes(name) + " must be " + alternatives(place_words::words(table)) + ", not " +
-                            inQuotes(unicode::onOneLine(given)),
+            return fail(sentence("\"{0}\" must be {1}, not \"{2}\"", name, alternatives(place_words::words(table)),
+                                 unicode::onOneLine(given)),
                         offset);
         field = *found;
         return true;
@@ -107,7 +109,7 @@ private:
         }
         const auto isMargin = [](double number) { return number >= 0 && number <= largestMargin; };
         if (numbers.size() != 2 || !std::ranges::all_of(numbers, isMargin))
-            return fail("\"margin\" must be two numbers from 0 to 10000, such as [24,24]", offset);
+            return fail(sentence("\"margin\" must be two numbers from 0 to 10000, such as [24,24]"), offset);
         field = {numbers[0], numbers[1]};
         return true;
     }
@@ -120,8 +122,6 @@ private:
                                   : OutputChoice{Which::named, name};
         return true;
     }
-
-    static std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
     bool fail(std::string reason, const json::Value& value) { return fail(std::move(reason), value.offset()); }
     bool fail(std::string reason, std::size_t offset) {
@@ -147,7 +147,7 @@ Result<std::vector<Place>, TextFault> decode(std::string text) {
     Decoder decoder;
     if (const auto syntax =
             json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, places); }))
-        return TextFault{"not valid JSON: " + syntax->reason, syntax->position.offset};
+        return TextFault{sentence("not valid JSON: {0}", syntax->reason), syntax->position.offset};
     if (decoder.fault) return *std::move(decoder.fault);
     return places;
 }

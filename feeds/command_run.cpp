@@ -17,6 +17,7 @@
 #include "platform/events/ending_signals.h"
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -169,8 +170,8 @@ std::string inSeconds(milliseconds time) {
 // Why a program that ended that way failed.
 std::optional<std::string> failureOf(const siginfo_t& end, const std::string& errors) {
     if (end.si_code == CLD_EXITED && end.si_status == 0) return std::nullopt;
-    std::string reason = end.si_code == CLD_EXITED ? "exit status " + std::to_string(end.si_status)
-                                                   : std::string("ended by ") + ::strsignal(end.si_status);
+    std::string reason = end.si_code == CLD_EXITED ? sentence("exit status {0}", end.si_status)
+                                                   : sentence("ended by {0}", ::strsignal(end.si_status));
     const std::string said = lastLine(errors);
     return said.empty() ? reason : reason + ": " + said;
 }
@@ -183,14 +184,13 @@ std::optional<std::string> follow(const Started& started, Collector& output, Col
         std::array<pollfd, 4> waited{pollfd{started.handle.get(), POLLIN, 0}, pollfd{output.descriptor(), POLLIN, 0},
                                      pollfd{errors.descriptor(), POLLIN, 0}, pollfd{signals.descriptor(), POLLIN, 0}};
         const int count = ::poll(waited.data(), waited.size(), left(until));
-        if (count < 0 && errno != EINTR) return std::string("can't wait: ") + std::strerror(errno);
+        if (count < 0 && errno != EINTR) return sentence("can't wait: {0}", std::strerror(errno));
         output.drain();
         errors.drain();
-        if (output.isFull() || errors.isFull())
-            return "it wrote more than " + std::to_string(limits.bytes >> 10) + " KiB";
+        if (output.isFull() || errors.isFull()) return sentence("it wrote more than {0} KiB", limits.bytes >> 10);
         if (count > 0 && waited[0].revents) break;
-        if (count > 0 && waited[3].revents) return "interrupted";
-        if (count == 0) return "no end after " + inSeconds(limits.time);
+        if (count > 0 && waited[3].revents) return sentence("interrupted");
+        if (count == 0) return sentence("no end after {0}", inSeconds(limits.time));
     }
     siginfo_t end{};
     // It isn't reaped yet, so that no other process gets the id of its group.
@@ -207,7 +207,7 @@ CommandResult runCommand(const std::vector<std::string>& command, const std::str
     adoptDescendants();
     std::optional<Started> started;
     if (const int why = start(command, folder, started)) {
-        result.failure = unicode::onOneLine(command.front()) + ": can't run: " + std::strerror(why);
+        result.failure = unicode::onOneLine(command.front()) + ": " + sentence("can't run: {0}", std::strerror(why));
     } else {
         Collector output(std::move(started->output.out), limits.bytes, result.output);
         Collector errors(std::move(started->errors.out), limits.bytes, result.errors);

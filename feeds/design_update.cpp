@@ -9,6 +9,7 @@
 #include "model/widget_kind.h"
 #include "platform/foundation/function_ref.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -47,7 +48,7 @@ Outcome<Done> assignAll(const FeedOutput& output, WidgetSpec& spec, const Platfo
     auto assignments = output.assignments;
     if (output.mainText) assignments.push_back(mainTextOf(spec.kind, *output.mainText));
     const auto losses = assign(assignments, spec, platform);
-    if (!losses) return Failure{"its output: " + losses.failure().reason};
+    if (!losses) return Failure{sentence("its output: {0}", losses.failure().reason)};
     return Done{};
 }
 
@@ -103,8 +104,9 @@ Outcome<Done> updateDesign(const Feed& feed, const FeedOutput& output, const Pla
     const auto held = HeldLines::read(feed.name, platform);
     const auto make = [&](const OpenDesigns& designs) -> Outcome<Done> {
         if (!feed.isMade) return makeBehindOthers(feed, output, designs, platform);
-        return Failure{"its design \"" + unicode::onOneLine(feed.design) +
-                       "\" has been removed; orvel feed run makes it again, orvel feed remove ends the feed"};
+        return Failure{sentence(
+            "its design \"{0}\" has been removed; orvel feed run makes it again, orvel feed remove ends the feed",
+            unicode::onOneLine(feed.design))};
     };
     const auto change = [&](WidgetSpec& spec) {
         restore(held, spec);

@@ -8,6 +8,7 @@
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -25,7 +26,7 @@ std::string rowName() {
 }
 
 Failure notOurs() {
-    return {"\"id\" isn't a feed's to change", Failure::Cause::content};
+    return {sentence("\"id\" isn't a feed's to change"), Failure::Cause::content};
 }
 
 class ObjectReader {
@@ -40,8 +41,8 @@ public:
             case Kind::boolean:
             case Kind::object: break;
         }
-        return fail('"' + unicode::onOneLine(field) + "\" is " + std::string(json::name(value.kind())) +
-                    "; a text, a number, a list of texts or null is wanted");
+        return fail(sentence("\"{0}\" is {1}; a text, a number, a list of texts or null is wanted",
+                             unicode::onOneLine(field), sentence(json::name(value.kind()))));
     }
 
     FeedOutput output;
@@ -61,11 +62,11 @@ private:
 
     bool rows(const std::string& field, json::Value& value) {
         if (field != "items" && field != rowName())
-            return fail('"' + unicode::onOneLine(field) + "\" is a list; only \"items\" may be one");
+            return fail(sentence("\"{0}\" is a list; only \"items\" may be one", unicode::onOneLine(field)));
         const std::size_t before = output.assignments.size();
         const bool isRead = value.elements([&](json::Value& element) {
             const bool isScalar = element.kind() == Kind::string || element.kind() == Kind::number;
-            return isScalar ? scalar(rowName(), element) : fail("\"items\" must be a list of texts");
+            return isScalar ? scalar(rowName(), element) : fail(sentence("\"items\" must be a list of texts"));
         });
         if (isRead && output.assignments.size() == before) output.unset.emplace_back("items");
         return isRead;
@@ -83,9 +84,9 @@ Outcome<FeedOutput> readObject(const std::string& text) {
         return value.members([&](std::string_view field, json::Value& member) { return reader.member(field, member); });
     });
     if (syntax)
-        return Failure{"its output is no valid JSON: " + syntax->position.text() + ": " + syntax->reason,
+        return Failure{sentence("its output is no valid JSON: {0}", syntax->position.text() + ": " + syntax->reason),
                        Failure::Cause::content};
-    if (!reader.fault.empty()) return Failure{"its output: " + reader.fault, Failure::Cause::content};
+    if (!reader.fault.empty()) return Failure{sentence("its output: {0}", reader.fault), Failure::Cause::content};
     return std::move(reader.output);
 }
 
@@ -109,10 +110,11 @@ bool FeedOutput::names(WidgetField field) const {
 }
 
 Outcome<FeedOutput> readOutput(const std::string& text) {
-    if (!unicode::isValid(text)) return Failure{"its output isn't UTF-8", Failure::Cause::content};
+    if (!unicode::isValid(text)) return Failure{sentence("its output isn't UTF-8"), Failure::Cause::content};
     const auto lines = linesOf(text);
     if (lines.empty())
-        return Failure{"it printed nothing; lines such as primary=42, one JSON object or one line of text are wanted",
+        return Failure{sentence("it printed nothing; lines such as primary=42, one JSON object or one line of text are "
+                                "wanted"),
                        Failure::Cause::content};
     if (unicode::trimmingWhitespace(lines.front()).starts_with('{')) return readObject(text);
 
@@ -126,7 +128,7 @@ Outcome<FeedOutput> readOutput(const std::string& text) {
             }
             const auto given = assignment(std::string(line));
             // Whoever applies it says what the field is probably called.
-            if (!given) return Failure{"its output: " + given.failure().reason, Failure::Cause::content};
+            if (!given) return Failure{sentence("its output: {0}", given.failure().reason), Failure::Cause::content};
         }
         output.assignments.push_back({std::string(line.substr(0, equals)), std::string(line.substr(equals + 1))});
     }

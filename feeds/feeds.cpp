@@ -6,6 +6,7 @@
 #include "feeds/feeds_json.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 Outcome<std::string> encoded(const std::vector<Feed>& feeds) {
     auto json = FeedsJSON::encode(feeds);
     if (json) return *std::move(json);
-    return Failure{"the feed can't be written as JSON: a text isn't UTF-8", Failure::Cause::request};
+    return Failure{sentence("the feed can't be written as JSON: a text isn't UTF-8"), Failure::Cause::request};
 }
 
 ListFile<Feed> listFile(const Platform& platform) {
@@ -36,8 +37,8 @@ Outcome<Feed> findFeed(const std::vector<Feed>& feeds, const std::string& name) 
     std::vector<std::string_view> names;
     for (const Feed& feed : feeds) names.push_back(feed.name);
     std::string hint = didYouMean(name, names);
-    if (hint.empty()) hint = "; orvel feed list shows them";
-    return Failure{"no feed is called \"" + unicode::onOneLine(name) + '"' + hint};
+    if (hint.empty()) hint = sentence("orvel feed list shows them");
+    return Failure{clauses(sentence("no feed is called \"{0}\"", unicode::onOneLine(name)), hint)};
 }
 
 Outcome<std::optional<std::string>> changeFeeds(const std::function<Outcome<Done>(std::vector<Feed>&)>& change,

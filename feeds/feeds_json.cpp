@@ -5,16 +5,17 @@
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 
 std::string wrongFeedName(std::string_view name) {
     constexpr std::size_t longest = 64;
-    if (name.empty()) return "a feed's name is empty";
-    if (name.size() > longest) return "a feed's name has more than 64 bytes";
-    if (name.front() == '.' || name.front() == '-') return "a feed's name begins with \".\" or \"-\"";
-    if (name.find('/') != name.npos) return "a feed's name has \"/\" in it";
-    if (unicode::onOneLine(name) != name) return "a feed's name has control characters in it";
+    if (name.empty()) return sentence("a feed's name is empty");
+    if (name.size() > longest) return sentence("a feed's name has more than 64 bytes");
+    if (name.front() == '.' || name.front() == '-') return sentence("a feed's name begins with \".\" or \"-\"");
+    if (name.find('/') != name.npos) return sentence("a feed's name has \"/\" in it");
+    if (unicode::onOneLine(name) != name) return sentence("a feed's name has control characters in it");
     return {};
 }
 
@@ -24,13 +25,14 @@ namespace {
 class Decoder {
 public:
     bool decode(json::Value& value, std::vector<Feed>& feeds) {
-        if (value.kind() != json::Kind::array) return fail("the feeds must be a list, in brackets", value.offset());
+        if (value.kind() != json::Kind::array)
+            return fail(sentence("the feeds must be a list, in brackets"), value.offset());
         return value.elements([&](json::Value& element) {
             const std::size_t start = element.offset();
             Feed feed;
             if (!decode(element, feed)) return false;
             if (std::ranges::find(feeds, feed.name, &Feed::name) != feeds.end())
-                return fail("there are two feeds named \"" + feed.name + '"', start);
+                return fail(sentence("there are two feeds named \"{0}\"", feed.name), start);
             feeds.push_back(std::move(feed));
             return true;
         });
@@ -40,7 +42,8 @@ public:
 
 private:
     bool decode(json::Value& value, Feed& feed) {
-        if (value.kind() != json::Kind::object) return fail("a feed must be an object, in braces", value.offset());
+        if (value.kind() != json::Kind::object)
+            return fail(sentence("a feed must be an object, in braces"), value.offset());
         const std::size_t start = value.offset();
         bool hasEvery = false;
         if (!value.members([&](std::string_view name, json::Value& member) {
@@ -48,9 +51,10 @@ private:
                 return take(name, member, feed);
             }))
             return false;
-        if (feed.name.empty()) return fail("\"name\" is missing", start);
-        if (!hasEvery) return fail("\"every\" is missing: an interval such as \"60s\", or \"07:30\"", start);
-        if (feed.command.empty()) return fail("\"command\" is missing: a list of a program and its arguments", start);
+        if (feed.name.empty()) return fail(sentence("{0} is missing", "\"name\""), start);
+        if (!hasEvery) return fail(sentence("\"every\" is missing: an interval such as \"60s\", or \"07:30\""), start);
+        if (feed.command.empty())
+            return fail(sentence("\"command\" is missing: a list of a program and its arguments"), start);
         if (feed.design.empty()) feed.design = feed.name;
         return true;
     }
@@ -73,7 +77,7 @@ private:
             if (!text(name, value, given)) return false;
             const auto timeout = durationText(given, Feed::longestTimeout);
             feed.timeout = timeout.value_or(feed.timeout);
-            return timeout || fail("\"timeout\" must be from 1s to 1h, such as \"10s\"", offset);
+            return timeout || fail(sentence("\"timeout\" must be from 1s to 1h, such as \"10s\""), offset);
         }
         if (name == "design") return text(name, value, feed.design);
         if (name == "command") return words(name, value, feed.command);
@@ -84,13 +88,14 @@ private:
         if (name != "onBattery") return true;
         if (!text(name, value, given)) return false;
         feed.pausesOnBattery = given == "pause";
-        return given == "pause" || given == "run" || fail("\"onBattery\" must be \"run\" or \"pause\"", offset);
+        return given == "pause" || given == "run" ||
+               fail(sentence("\"onBattery\" must be \"run\" or \"pause\""), offset);
     }
 
     bool text(std::string_view name, json::Value& value, std::string& field) {
         const std::size_t offset = value.offset();
         const bool isText = value.kind() == json::Kind::string;
-        if (!isText) return fail('"' + std::string(name) + "\" must be a text", offset);
+        if (!isText) return fail(sentence("\"{0}\" must be a text", name), offset);
         const auto string = value.string();
         if (string) field = *string;
         return string.has_value();
@@ -98,20 +103,21 @@ private:
 
     bool flag(std::string_view name, json::Value& value, bool& field) {
         if (value.kind() != json::Kind::boolean)
-            return fail('"' + std::string(name) + "\" must be true or false", value.offset());
+            return fail(sentence("\"{0}\" must be true or false", name), value.offset());
         const auto given = value.boolean();
         field = given.value_or(false);
         return given.has_value();
     }
 
     bool words(std::string_view name, json::Value& value, std::vector<std::string>& words) {
-        const std::string member = '"' + std::string(name) + '"';
-        if (value.kind() != json::Kind::array) return fail(member + " must be a list of texts", value.offset());
+        if (value.kind() != json::Kind::array)
+            return fail(sentence("\"{0}\" must be a list of texts", name), value.offset());
         words.clear();
         return value.elements([&](json::Value& element) {
             const std::size_t offset = element.offset();
             if (!text(name, element, words.emplace_back())) return false;
-            return words.back().find('\0') == std::string::npos || fail(member + " has a zero byte in it", offset);
+            return words.back().find('\0') == std::string::npos ||
+                   fail(sentence("\"{0}\" has a zero byte in it", name), offset);
         });
     }
 
@@ -134,7 +140,7 @@ Result<std::vector<Feed>, TextFault> decode(std::string text) {
     Decoder decoder;
     if (const auto syntax =
             json::read(std::move(text), [&](json::Value& value) { return decoder.decode(value, feeds); }))
-        return TextFault{"not valid JSON: " + syntax->reason, syntax->position.offset};
+        return TextFault{sentence("not valid JSON: {0}", syntax->reason), syntax->position.offset};
     if (decoder.fault) return *std::move(decoder.fault);
     return feeds;
 }

@@ -3,6 +3,8 @@
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/json_writer.h"
+#include "platform/language/sentence.h"
+#include "platform/ui/gettext_localizer.h"
 
 namespace orvel::HeldLines {
 namespace {
@@ -37,7 +39,7 @@ Outcome<Done> write(const std::string& feed, const HeldLine& held, const Platfor
     writer.beginObject().key("since").string(iso8601::format(held.since)).key("line").string(held.line);
     if (held.former) writer.key("former").string(*held.former);
     const auto json = writer.endObject().finish();
-    if (!json) return Failure{"the design's line isn't UTF-8"};
+    if (!json) return Failure{sentence("the design's line isn't UTF-8")};
     if (const auto made = platform.files.createFolders(path.parent_path()); !made)
         return Failure{path.parent_path().string() + ": " + made.failure().message()};
     const auto written = platform.files.replace(path, *json, NewFile::ownerOnly);
@@ -53,7 +55,9 @@ std::string text(Date since, const Platform& platform) {
     const std::string then = iso8601::format(localTime(since, platform.timeZone)).substr(0, 16);
     const bool isToday =
         iso8601::format(localTime(platform.clock.now(), platform.timeZone)).starts_with(then.substr(0, 10));
-    return "no news since " + (isToday ? then.substr(11) : then.substr(0, 10));
+    // In the catalogue of the cards' texts: it stands on a card.
+    const std::string pattern = GettextLocalizer(GettextLocalizer::installedDirectory()).lookUp("no news since {0}");
+    return filled(pattern, {isToday ? then.substr(11) : then.substr(0, 10)});
 }
 
 }  // namespace orvel::HeldLines

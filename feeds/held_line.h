@@ -24,7 +24,7 @@ std::optional<HeldLine> read(const std::string& feed, const Platform& platform);
 Outcome<Done> write(const std::string& feed, const HeldLine& held, const Platform& platform);
 void remove(const std::string& feed, const Platform& platform);
 
-/// "no news since 14:02"; of another day "no news since 2026-01-31".
+/// "no news since 14:02"; of another day "no news since 2026-01-31"; in the language of the cards.
 std::string text(Date since, const Platform& platform);
 
 }  // namespace HeldLines

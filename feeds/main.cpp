@@ -2,6 +2,7 @@
 // draws.
 #include <unistd.h>
 
+#include <clocale>
 #include <csignal>
 #include <exception>
 
@@ -9,6 +10,8 @@
 #include "platform/events/ending_signals.h"
 #include "platform/foundation/sole_process.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
+#include "platform/ui/gettext_localizer.h"
 
 namespace orvel {
 namespace {
@@ -22,7 +25,7 @@ void say(const std::string& sentence) {
 void serve(const Platform& platform) {
     const auto sole = becomeSole(FeedService::lockName);
     if (const auto* const other = std::get_if<OtherProcess>(&sole))
-        return say("your feeds are served already, by process " + other->number);
+        return say(sentence("your feeds are served already, by process {0}", other->number));
     ::signal(SIGCHLD, SIG_DFL);
     ::signal(SIGPIPE, SIG_IGN);
     const Descriptor ending = openEndingSignals();
@@ -36,6 +39,8 @@ void serve(const Platform& platform) {
 }  // namespace orvel
 
 int main() try {
+    std::setlocale(LC_MESSAGES, "");
+    orvel::translateSentences(orvel::GettextLocalizer::installedDirectory());
     orvel::serve(orvel::Platform::system());
     return 0;
 } catch (const std::exception& error) {

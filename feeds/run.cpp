@@ -3,6 +3,7 @@
 #include "feeds/design_update.h"
 #include "feeds/feed_output.h"
 #include "platform/foundation/sole_process.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -21,7 +22,7 @@ std::optional<std::string> useOutput(const Feed& feed, const std::string& text, 
 FeedRun runFeed(const Feed& feed, const Platform& platform) {
     const auto sole = becomeSole("orvel-feed-" + feed.name);
     if (const auto* const other = std::get_if<OtherProcess>(&sole))
-        return {.failure = "process " + other->number + " runs it at the moment", .isSkipped = true};
+        return {.failure = sentence("process {0} runs it at the moment", other->number), .isSkipped = true};
     const auto began = std::chrono::steady_clock::now();
     FeedRun run{.command = runCommand(feed.command, homeDirectory(platform.accounts), {.time = feed.timeout})};
     run.failure = run.command.failure ? run.command.failure : useOutput(feed, run.command.output, platform);

@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -63,9 +64,9 @@ std::optional<seconds> durationText(std::string_view text, seconds most) {
 Outcome<Every> everyText(const std::string& text) {
     if (const auto time = timeOfDay(text)) return Every(*time);
     if (const auto interval = durationText(text, longestInterval)) return Every(*interval);
-    return Failure{'"' + unicode::onOneLine(text) +
-                       "\": an interval from a second to 366 days is wanted, such as 60s, 5m, 2h or 1d, or a time of "
-                       "day such as 07:30",
+    return Failure{sentence("\"{0}\": an interval from a second to 366 days is wanted, such as 60s, 5m, 2h or 1d, or a "
+                            "time of day such as 07:30",
+                            unicode::onOneLine(text)),
                    Failure::Cause::request};
 }
 

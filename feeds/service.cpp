@@ -6,6 +6,7 @@
 #include "feeds/conditions.h"
 #include "feeds/feeds.h"
 #include "platform/events/resident_pages.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -45,7 +46,7 @@ FeedService::~FeedService() {
 void FeedService::reload() {
     const auto feeds = readFeeds(platform_);
     const std::string trouble = feeds ? "" : feeds.failure().reason;
-    if (!feeds && trouble != trouble_) say_(trouble + "; the feeds go on as they were");
+    if (!feeds && trouble != trouble_) say_(clauses(trouble, sentence("the feeds go on as they were")));
     trouble_ = trouble;
     if (!feeds) return;
 
@@ -142,7 +143,7 @@ void FeedService::take(const std::string& name, const WorkerReport& report) {
     FeedStatus& status = served.status;
     if (!report.isSkipped) {
         if (report.failure && report.failure != status.failure) say_(name + ": " + *report.failure);
-        if (!report.failure && status.failure) say_(name + ": there is news again");
+        if (!report.failure && status.failure) say_(name + ": " + sentence("there is news again"));
         status.seconds = report.seconds;
         status.failure = report.failure;
         status.failures = report.failure ? status.failures + 1 : 0;

@@ -10,6 +10,8 @@
 
 #include "feeds/feed.h"
 
+#include "platform/language/sentence.h"
+
 namespace orvel {
 
 struct FeedTemplate {
@@ -24,31 +26,34 @@ struct FeedTemplate {
 };
 
 inline constexpr std::array feedTemplates{
-    FeedTemplate{"disk", "How full a disk is", "[FOLDER]", "", "5m", "kind=progress;title=Disk;symbol=internaldrive"},
-    FeedTemplate{"memory", "How much memory is in use", "", "", "30s",
+    FeedTemplate{"disk", toTranslate("How full a disk is"), "[FOLDER]", "", "5m",
+                 "kind=progress;title=Disk;symbol=internaldrive"},
+    FeedTemplate{"memory", toTranslate("How much memory is in use"), "", "", "30s",
                  "kind=progress;title=Memory;symbol=memorychip;accent=green"},
-    FeedTemplate{"load", "How busy the processors are", "", "", "30s",
+    FeedTemplate{"load", toTranslate("How busy the processors are"), "", "", "30s",
                  "kind=metric;title=Load;symbol=speedometer;accent=orange"},
-    FeedTemplate{"battery", "How full the battery is", "", "", "2m",
+    FeedTemplate{"battery", toTranslate("How full the battery is"), "", "", "2m",
                  "kind=progress;title=Battery;symbol=battery.100;accent=green"},
-    FeedTemplate{"uptime", "How long the machine has been up", "", "", "1m", "kind=metric;title=Uptime;symbol=power"},
-    FeedTemplate{"updates", "How many packages wait to be upgraded", "", "apt", "3h",
+    FeedTemplate{"uptime", toTranslate("How long the machine has been up"), "", "", "1m",
+                 "kind=metric;title=Uptime;symbol=power"},
+    FeedTemplate{"updates", toTranslate("How many packages wait to be upgraded"), "", "apt", "3h",
                  "kind=metric;title=Updates;symbol=shippingbox;accent=orange", false, true},
-    FeedTemplate{"mail", "How many messages are unread", "[MAILDIR]", "", "1m",
+    FeedTemplate{"mail", toTranslate("How many messages are unread"), "[MAILDIR]", "", "1m",
                  "kind=metric;title=Mail;symbol=envelope.fill"},
-    FeedTemplate{"git", "Today's commits, and what isn't pushed", "FOLDER", "git", "5m",
+    FeedTemplate{"git", toTranslate("Today's commits, and what isn't pushed"), "FOLDER", "git", "5m",
                  "kind=metric;title=Commits;symbol=arrow.triangle.branch;accent=purple"},
-    FeedTemplate{"web", "What a web page answers, and how fast", "URL", "curl", "5m",
+    FeedTemplate{"web", toTranslate("What a web page answers, and how fast"), "URL", "curl", "5m",
                  "kind=metric;title=Web page;symbol=globe;accent=cyan", true},
-    FeedTemplate{"json", "A value out of the JSON at an address", "URL|FILE PATH", "curl python3", "15m",
+    FeedTemplate{"json", toTranslate("A value out of the JSON at an address"), "URL|FILE PATH", "curl python3", "15m",
                  "kind=metric;title=Value;symbol=curlybraces;accent=yellow"},
-    FeedTemplate{"calendar", "The next event of an .ics file", "FILE", "python3", "5m",
+    FeedTemplate{"calendar", toTranslate("The next event of an .ics file"), "FILE", "python3", "5m",
                  "kind=countdown;title=Event;symbol=calendar;accent=red"},
-    FeedTemplate{"weather", "The weather of a place, from Open-Meteo", "LATITUDE LONGITUDE", "curl", "30m",
+    FeedTemplate{"weather", toTranslate("The weather of a place, from Open-Meteo"), "LATITUDE LONGITUDE", "curl", "30m",
                  "kind=metric;title=Weather;symbol=cloud.fill;accent=cyan", true},
-    FeedTemplate{"moon", "The phase of the moon", "", "", "3h",
+    FeedTemplate{"moon", toTranslate("The phase of the moon"), "", "", "3h",
                  "kind=metric;title=Moon;symbol=moon.fill;accent=yellow"},
-    FeedTemplate{"year", "How much of the year is over", "", "", "00:00", "kind=progress;title=Year;symbol=calendar"},
+    FeedTemplate{"year", toTranslate("How much of the year is over"), "", "", "00:00",
+                 "kind=progress;title=Year;symbol=calendar"},
 };
 
 /// Null when none is called so.

@@ -14,6 +14,7 @@
 #include "feeds/design_update.h"
 #include "feeds/run.h"
 #include "platform/foundation/descriptor.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -32,7 +33,7 @@ std::string encode(const FeedRun& run) {
 }
 
 WorkerReport decode(std::string_view text) {
-    WorkerReport report{.failure = "its run came to an end without a word"};
+    WorkerReport report{.failure = sentence("its run came to an end without a word")};
     long long milliseconds = 0;
     const auto blank = text.find(' ');
     if (blank == text.npos) return report;
@@ -97,7 +98,7 @@ Worker::Worker(EventLoop& loop, Order order, const Platform& platform, std::func
     int ends[2] = {-1, -1};
     // If the process couldn't be started, the pipe is closed already, and its end is reported at once.
     if (::pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) {
-        state_->report = failed + std::string("0 can't make a pipe: ") + std::strerror(errno);
+        state_->report = failed + ("0 " + sentence("can't make a pipe: {0}", std::strerror(errno)));
         ends[0] = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
     }
     state_->pipe = Descriptor(ends[0]);
@@ -106,7 +107,7 @@ Worker::Worker(EventLoop& loop, Order order, const Platform& platform, std::func
     state_->process = childsEnd ? ::fork() : -1;
     if (state_->process == 0) serve(childsEnd.get(), order, parent, platform);
     if (state_->process < 0 && childsEnd)
-        state_->report = failed + std::string("0 can't start a process: ") + std::strerror(errno);
+        state_->report = failed + ("0 " + sentence("can't start a process: {0}", std::strerror(errno)));
     state_->watch = loop.watch(ends[0], [state = state_.get()] { state->receive(); });
 }
 

@@ -3,6 +3,8 @@
 #include <new>
 #include <utility>
 
+#include "platform/language/sentence.h"
+
 namespace orvel {
 namespace {
 
@@ -43,7 +45,7 @@ bool StoreFailure::isInvalid() const {
 }
 
 std::string StoreFailure::message() const {
-    std::string why = "a progress that isn't finite, or a text that isn't valid UTF-8, can't be stored";
+    std::string why = sentence("a progress that isn't finite, or a text that isn't valid UTF-8, can't be stored");
     if (const auto* failure = std::get_if<FileFailure>(&reason)) why = failure->message();
     if (const auto* failure = std::get_if<DecodingFailure>(&reason))
         return file.string() + ":" + failure->position.text() + ": " + failure->message();

@@ -10,6 +10,7 @@
 #include "platform/foundation/json_reader.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/text_list.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -24,7 +25,7 @@ struct Fault {
 Fault mismatch(const json::Value& value, std::string_view wanted) {
     const bool isNull = value.kind() == json::Kind::null;
     return {isNull ? Reason::valueNotFound : Reason::typeMismatch,
-            std::string(name(value.kind())) + "; " + std::string(wanted) + " is wanted"};
+            sentence("{0}; {1} is wanted", sentence(name(value.kind())), sentence(wanted))};
 }
 
 // Each of these reads one value into a field. The result is absent on success, and for bad syntax, which the JSON
@@ -32,13 +33,13 @@ Fault mismatch(const json::Value& value, std::string_view wanted) {
 using WhyNot = std::optional<Fault>;
 
 WhyNot read(json::Value& value, std::string& field) {
-    if (value.kind() != json::Kind::string) return mismatch(value, "a string");
+    if (value.kind() != json::Kind::string) return mismatch(value, toTranslate("a string"));
     if (const auto string = value.string()) field = *string;
     return std::nullopt;
 }
 
 WhyNot read(json::Value& value, double& field) {
-    if (value.kind() != json::Kind::number) return mismatch(value, "a number");
+    if (value.kind() != json::Kind::number) return mismatch(value, toTranslate("a number"));
     if (const auto number = value.number()) field = *number;
     return std::nullopt;
 }
@@ -48,7 +49,7 @@ WhyNot read(json::Value& value, Date& field) {
 }
 
 WhyNot read(json::Value& value, WidgetSpec::Kind& field) {
-    if (value.kind() != json::Kind::string) return mismatch(value, "a string");
+    if (value.kind() != json::Kind::string) return mismatch(value, toTranslate("a string"));
     const auto string = value.string();
     if (!string) return std::nullopt;
     const auto known = kindFromRawValue(*string);
@@ -58,11 +59,11 @@ WhyNot read(json::Value& value, WidgetSpec::Kind& field) {
 }
 
 WhyNot read(json::Value& value, std::vector<std::string>& field) {
-    if (value.kind() != json::Kind::array) return mismatch(value, "an array of strings");
+    if (value.kind() != json::Kind::array) return mismatch(value, toTranslate("an array of strings"));
     WhyNot whyNot;
     value.elements([&](json::Value& element) {
         auto fault = read(element, field.emplace_back());
-        if (fault && !whyNot) whyNot = Fault{fault->reason, "an array with " + fault->detail};
+        if (fault && !whyNot) whyNot = Fault{fault->reason, sentence("an array with {0}", fault->detail)};
         return true;
     });
     return whyNot;
@@ -88,7 +89,7 @@ public:
         seen_ = 0;
         rank_ = std::numeric_limits<std::size_t>::max();
         if (value.kind() != json::Kind::object) {
-            failure = decodingFailure(mismatch(value, "a design, which is an object {…},"), {}, value);
+            failure = decodingFailure(mismatch(value, toTranslate("a design, which is an object {…},")), {}, value);
             return false;
         }
         if (!value.members([&](std::string_view name, json::Value& member) { return take(name, member, record); }))
@@ -202,14 +203,15 @@ void writeMember(json::Writer& writer, std::string_view name, const std::optiona
 }  // namespace
 
 std::string DecodingFailure::message() const {
-    std::string where = index ? "design @" + std::to_string(*index + 1) + ": " : "";
-    const std::string what = key.empty() ? (index ? "it" : "this") : '"' + key + '"';
+    const std::string where = index ? sentence("design @{0}", *index + 1) + ": " : "";
+    const std::string what = key.empty() ? (index ? sentence("it") : sentence("this")) : '"' + key + '"';
     switch (reason) {
-        case Reason::malformed: return where + "not valid JSON: " + detail;
-        case Reason::keyNotFound: return where + what + " is missing";
+        case Reason::malformed: return where + sentence("not valid JSON: {0}", detail);
+        case Reason::keyNotFound: return where + sentence("{0} is missing", what);
         case Reason::valueNotFound:
-        case Reason::typeMismatch: return where + what + " is " + detail;
-        case Reason::unknownKind: return where + what + " must be " + alternatives(kindNames()) + detail;
+        case Reason::typeMismatch: return where + sentence("{0} is {1}", what, detail);
+        case Reason::unknownKind:
+            return where + clauses(sentence("{0} must be {1}", what, alternatives(kindNames())), detail);
     }
     return where;
 }
@@ -231,7 +233,8 @@ Result<std::vector<WidgetSpec>, DecodingFailure> decodeList(std::string text) {
     const auto element = [&](json::Value& value) { return decoder.decode(value, specs.emplace_back(empty)); };
     const auto list = [&](json::Value& value) {
         if (value.kind() == json::Kind::array) return value.elements(element);
-        decoder.failure = decodingFailure(mismatch(value, "a list of designs, which is an array […],"), {}, value);
+        decoder.failure =
+            decodingFailure(mismatch(value, toTranslate("a list of designs, which is an array […],")), {}, value);
         return false;
     };
 

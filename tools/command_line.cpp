@@ -4,6 +4,8 @@
 #include <cstring>
 #include <new>
 
+#include "platform/language/sentence.h"
+#include "platform/ui/gettext_localizer.h"
 #include "platform/ui/language.h"
 #include "tools/app.h"
 #include "tools/core/usage.h"
@@ -11,14 +13,27 @@
 namespace orvel::tools {
 namespace {
 
-int runChecked(int argc, const char* const* argv, const Platform& platform, Console& console) {
-    Session session{console};
+std::string helpFor(int argc, const char* const* argv, Session& session) {
     const auto app = makeApp(session);
     try {
         app->parse(argc, argv);
-        if (app->get_subcommands().empty()) throw CLI::RequiredError("a command");
+    } catch (const CLI::CallForHelp&) {  // of the command that the words before it name
+    }
+    return app->help();
+}
+
+int runChecked(int argc, const char* const* argv, const Platform& platform, Console& console) {
+    Session session{console};
+    const auto app = makeApp(session);  // in English: only a help tells what the options are
+    translateSentences(GettextLocalizer::installedDirectory());
+    try {
+        app->parse(argc, argv);
+        if (app->get_subcommands().empty()) {
+            say(sentence("{0} (orvel help lists the commands)", sentence("a command is required")), console);
+            return wrongUsage;
+        }
     } catch (const CLI::CallForHelp&) {
-        console.out << app->help();
+        console.out << helpFor(argc, argv, session);
         return done;
     } catch (const CLI::CallForVersion& version) {
         console.out << version.what() << '\n';
@@ -28,7 +43,10 @@ int runChecked(int argc, const char* const* argv, const Platform& platform, Cons
         return wrongUsage;
     }
 
-    if (session.language) useLanguage(*session.language);
+    if (session.language) {
+        useLanguage(*session.language);
+        keepSentencesEnglish();  // a process has one language; that one is for the cards
+    }
     const FixedClock chosenClock(session.at.value_or(Date{}));
     const Clock& clock = session.at ? static_cast<const Clock&>(chosenClock) : platform.clock;
     const Platform chosen = platform.with(clock);
@@ -60,7 +78,8 @@ int run(int argc, const char* const* argv, const Platform& platform, Console con
     } catch (const std::ios_base::failure&) {
         const int why = errno;
         // A reader that closes the pipe has seen enough.
-        if (why != EPIPE) say(std::string("standard output: can't write: ") + std::strerror(why), console);
+        if (why != EPIPE)
+            say(sentence("standard output") + ": " + sentence("can't write: {0}", std::strerror(why)), console);
     } catch (const std::bad_alloc&) {
         console.err << "orvel: out of memory\n";
     } catch (const std::exception& error) {

@@ -84,13 +84,4 @@ public:
     static constexpr std::size_t largest = std::size_t{512} << 20;
 };
 
-inline std::string FileFailure::message() const {
-    std::string why = code.message();
-    if (operation == std::string_view("read") && code == std::errc::file_too_large)
-        why = "it has more than " + std::to_string(Files::largest >> 20) + " MiB, the most that is read";
-    if (operation == std::string_view("lock") && code == std::errc::timed_out)
-        why = "another process still holds the lock";
-    return "can't " + std::string(operation) + ": " + why;
-}
-
 }  // namespace orvel

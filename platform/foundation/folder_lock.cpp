@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "platform/foundation/descriptor.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -33,7 +34,7 @@ FileFailure failure(const char* operation, int code = errno) {
 
 // proc(5): "1: FLOCK  ADVISORY  WRITE 4711 08:01:1234 0 EOF", device numbers hexadecimal; those who wait have "->".
 std::string holder(int folder) {
-    std::string someone = "another process";
+    std::string someone = sentence("another process");
     struct stat status;
     if (::fstat(folder, &status) != 0) return someone;
     char place[64];
@@ -48,7 +49,7 @@ std::string holder(int folder) {
         if (type != "FLOCK" || where != place || process <= 0) continue;
         std::string name;
         std::getline(std::ifstream("/proc/" + std::to_string(process) + "/comm") >> std::ws, name);
-        return "process " + std::to_string(process) + (name.empty() ? "" : " (" + name + ")");
+        return name.empty() ? sentence("process {0}", process) : sentence("process {0} ({1})", process, name);
     }
     return someone;
 }

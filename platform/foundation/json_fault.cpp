@@ -1,6 +1,7 @@
 #include "platform/foundation/json_fault.h"
 
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::json {
 namespace {
@@ -39,28 +40,32 @@ Strings walkStrings(std::string_view json) {
 
 std::string faultInWords(simdjson::error_code code) {
     switch (code) {
-        case simdjson::TAPE_ERROR: return "a comma, colon, bracket or quotation mark is missing here, or too many";
-        case simdjson::INCOMPLETE_ARRAY_OR_OBJECT: return "a bracket is never closed";
-        case simdjson::TRAILING_CONTENT: return "something follows the end";
-        case simdjson::EMPTY: return "there is nothing in it";
-        case simdjson::STRING_ERROR: return "a string has a backslash before something that it doesn't go with";
+        case simdjson::TAPE_ERROR:
+            return sentence("a comma, colon, bracket or quotation mark is missing here, or too many");
+        case simdjson::INCOMPLETE_ARRAY_OR_OBJECT: return sentence("a bracket is never closed");
+        case simdjson::TRAILING_CONTENT: return sentence("something follows the end");
+        case simdjson::EMPTY: return sentence("there is nothing in it");
+        case simdjson::STRING_ERROR:
+            return sentence("a string has a backslash before something that it doesn't go with");
         case simdjson::INCORRECT_TYPE:  // of a word that is none of these
         case simdjson::T_ATOM_ERROR:
         case simdjson::F_ATOM_ERROR:
-        case simdjson::N_ATOM_ERROR: return "only true, false and null go without quotation marks";
-        case simdjson::NUMBER_ERROR: return "this is no number, or one beyond what a double holds";
-        case simdjson::DEPTH_ERROR: return "it is nested too deeply";
+        case simdjson::N_ATOM_ERROR: return sentence("only true, false and null go without quotation marks");
+        case simdjson::NUMBER_ERROR: return sentence("this is no number, or one beyond what a double holds");
+        case simdjson::DEPTH_ERROR: return sentence("it is nested too deeply");
         default: return simdjson::error_message(code);
     }
 }
 
 std::optional<LocatedFault> locatedFault(std::string_view text, simdjson::error_code code) {
-    if (code == simdjson::UTF8_ERROR) return LocatedFault{"this isn't UTF-8", unicode::validLength(text)};
+    if (code == simdjson::UTF8_ERROR) return LocatedFault{sentence("this isn't UTF-8"), unicode::validLength(text)};
     if (code != simdjson::UNCLOSED_STRING && code != simdjson::UNESCAPED_CHARS) return std::nullopt;
     const Strings strings = walkStrings(text);
-    if (strings.unclosed != none) return LocatedFault{"the string that begins here isn't closed", strings.unclosed};
+    if (strings.unclosed != none)
+        return LocatedFault{sentence("the string that begins here isn't closed"), strings.unclosed};
     if (strings.control != none)
-        return LocatedFault{"a string has a control character; a tab is \\t, others are \\u00…", strings.control};
+        return LocatedFault{sentence("a string has a control character; a tab is \\t, others are \\u00…"),
+                            strings.control};
     return std::nullopt;
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/foundation/json_fault.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::json {
 
@@ -142,12 +143,12 @@ struct Pass {
 
 std::string_view name(Kind kind) {
     switch (kind) {
-        case Kind::null: return "null";
-        case Kind::boolean: return "a boolean";
-        case Kind::number: return "a number";
-        case Kind::string: return "a string";
-        case Kind::array: return "an array";
-        case Kind::object: return "an object";
+        case Kind::null: return toTranslate("null");
+        case Kind::boolean: return toTranslate("a boolean");
+        case Kind::number: return toTranslate("a number");
+        case Kind::string: return toTranslate("a string");
+        case Kind::array: return toTranslate("an array");
+        case Kind::object: return toTranslate("an object");
     }
     return {};
 }

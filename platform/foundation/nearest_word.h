@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/foundation/text_list.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 
@@ -32,14 +33,14 @@ std::vector<std::string_view> nearestWords(std::string_view typed, const Range& 
     return nearest;
 }
 
-/// "; did you mean "metric"?", with up to three equally near words, or nothing.
+/// "did you mean "metric"?", with up to three equally near words, or nothing.
 template <class Range>
 std::string didYouMean(std::string_view typed, const Range& words) {
     constexpr std::size_t most = 3;
     std::vector<std::string> quoted;
     for (const std::string_view word : nearestWords(typed, words))
         if (quoted.size() < most) quoted.push_back('"' + std::string(word) + '"');
-    return quoted.empty() ? "" : "; did you mean " + alternatives(quoted) + "?";
+    return quoted.empty() ? "" : sentence("did you mean {0}?", alternatives(quoted));
 }
 
 }  // namespace orvel

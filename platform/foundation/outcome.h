@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/foundation/result.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 
@@ -23,7 +24,8 @@ struct Failure {
 
 /// The result of an operation that has succeeded, but that a loss of power may undo, for that reason.
 inline Failure doneForNow(const std::string& why) {
-    return {why + "; the change is made, but may not survive a loss of power", Failure::Cause::afterwards};
+    return {clauses(why, sentence("the change is made, but may not survive a loss of power")),
+            Failure::Cause::afterwards};
 }
 
 template <class Value>

@@ -14,6 +14,7 @@
 
 #include "platform/foundation/descriptor.h"
 #include "platform/foundation/folder_lock.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -206,6 +207,41 @@ Result<std::vector<std::string>, FileFailure> PosixFiles::names(const path& fold
 
 Result<std::unique_ptr<FolderLock>, FileFailure> PosixFiles::lock(const path& folder, const LockWait& wait) {
     return lockFolder(folder, wait);
+}
+
+namespace {
+
+// Every operation that fails here, in folder_lock.cpp and in the store.
+[[maybe_unused]] constexpr const char* failures[]{
+    toTranslate("can't open: {0}"),
+    toTranslate("can't read: {0}"),
+    toTranslate("can't write: {0}"),
+    toTranslate("can't look at: {0}"),
+    toTranslate("can't replace: {0}"),
+    toTranslate("can't follow the link: {0}"),
+    toTranslate("can't create a file beside: {0}"),
+    toTranslate("can't open the folder: {0}"),
+    toTranslate("can't sync the folder: {0}"),
+    toTranslate("can't set the mode of: {0}"),
+    toTranslate("can't sync: {0}"),
+    toTranslate("can't close: {0}"),
+    toTranslate("can't rename: {0}"),
+    toTranslate("can't delete: {0}"),
+    toTranslate("can't create: {0}"),
+    toTranslate("can't list: {0}"),
+    toTranslate("can't lock: {0}"),
+};
+
+}  // namespace
+
+std::string FileFailure::message() const {
+    std::string why = code.message();
+    if (operation == std::string_view("read") && code == std::errc::file_too_large)
+        why = sentence("it has more than {0} MiB, the most that is read", Files::largest >> 20);
+    if (operation == std::string_view("lock") && code == std::errc::timed_out)
+        why = sentence("another process still holds the lock");
+    const std::string pattern = "can't " + std::string(operation) + ": {0}";
+    return sentence(pattern, why);
 }
 
 }  // namespace orvel

@@ -13,6 +13,7 @@
 #include "platform/host/card_board.h"
 #include "platform/host/hosted_card.h"
 #include "platform/host/session_launch.h"
+#include "platform/language/sentence.h"
 #include "platform/ui/gettext_localizer.h"
 
 namespace orvel {
@@ -103,7 +104,7 @@ private:
             const OutputChoice& wanted = card.place.output;
             if (wanted.which == OutputChoice::Which::named &&
                 std::ranges::find(outputs, wanted.name, &Output::name) == outputs.end())
-                say("there is no output " + wanted.name + " now; the card appears when it is connected");
+                say(sentence("there is no output {0} now; the card appears when it is connected", wanted.name));
         }
     }
 

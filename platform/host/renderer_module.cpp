@@ -9,6 +9,7 @@
 
 #include "platform/foundation/installation.h"
 #include "platform/foundation/text_list.h"
+#include "platform/language/sentence.h"
 
 namespace orvel {
 namespace {
@@ -29,7 +30,7 @@ Result<void*, NoRenderer> loadModule() {
     }
     std::vector<std::string> folders;
     for (const auto& place : modulePlaces()) folders.push_back(place.parent_path().string());
-    return NoRenderer{std::string(moduleFile) + " isn't in " + alternatives(folders)};
+    return NoRenderer{sentence("{0} isn't in {1}", moduleFile, alternatives(folders))};
 }
 
 // One of the libraries (Fontconfig) takes as long to read its configuration as all of them take to load, and can do so
@@ -56,7 +57,7 @@ Result<std::unique_ptr<Renderer>, NoRenderer> loadRenderer() {
     if (fonts.joinable()) fonts.join();
     const auto make = reinterpret_cast<Renderer* (*)() noexcept>(function);
     std::unique_ptr<Renderer> renderer(make());
-    if (!renderer) return NoRenderer{"out of memory"};
+    if (!renderer) return NoRenderer{sentence("out of memory")};
     return renderer;
 }
 

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/foundation/descriptor.h"
+#include "platform/language/sentence.h"
 #include "platform/window/wayland/window_system.h"
 #include "platform/window/x11/window_system.h"
 
@@ -17,7 +18,7 @@ namespace {
 std::optional<NoDisplay> whyUnconnected() {
     const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (socket) return std::nullopt;
-    return NoDisplay{"can't connect to a display: " + std::generic_category().message(errno)};
+    return NoDisplay{sentence("can't connect to a display: {0}", std::generic_category().message(errno))};
 }
 
 }  // namespace
@@ -29,7 +30,7 @@ Result<std::unique_ptr<WindowSystem>, NoDisplay> openWindowSystem(EventLoop& loo
         return makeX11WindowSystem(std::move(x11), wayland ? XServerOf::waylandCompositor : XServerOf::session, loop);
     if (auto why = whyUnconnected()) return *std::move(why);
     if (wayland && wayland->windowShell) return makeWaylandWindowSystem(std::move(wayland), loop);
-    return NoDisplay{"there is no display: neither a Wayland compositor nor an X server answers"};
+    return NoDisplay{sentence("there is no display: neither a Wayland compositor nor an X server answers")};
 }
 
 WindowSystems windowSystems() {

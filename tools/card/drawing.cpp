@@ -4,6 +4,7 @@
 
 #include "platform/host/card.h"
 #include "platform/host/renderer_module.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 
 namespace orvel::tools {
@@ -29,12 +30,12 @@ Outcome<Format> formatOf(const std::string& output) {
     if (ending == ".png") return Format::png;
     if (ending == ".svg") return Format::svg;
     if (ending == ".pdf") return Format::pdf;
-    return Failure{output + ": the ending must be .png, .svg or .pdf"};
+    return Failure{output + ": " + sentence("the ending must be .png, .svg or .pdf")};
 }
 
 Outcome<Done> canWrite(const std::string& output, const Console& console) {
     if (output == "-" && console.columns)
-        return Failure{"a terminal can't show a PNG; name a file with -o, or redirect the output"};
+        return Failure{sentence("a terminal can't show a PNG; name a file with -o, or redirect the output")};
     if (const auto format = formatOf(output); !format) return format.failure();
     return Done{};
 }
@@ -45,7 +46,7 @@ Drawing::Drawing(std::unique_ptr<Renderer> renderer)
 
 Outcome<Drawing> Drawing::open() {
     auto renderer = loadRenderer();
-    if (!renderer) return Failure{"can't draw: " + renderer.failure().reason};
+    if (!renderer) return Failure{sentence("can't draw: {0}", renderer.failure().reason)};
     return Drawing(*std::move(renderer));
 }
 
@@ -58,7 +59,7 @@ Outcome<Done> Drawing::write(const Picture& picture, const DrawingChoices& choic
     const auto format = formatOf(choices.output);
     if (!format) return format.failure();
     const auto bytes = encoded(picture, *format, choices, platform.clock.now(), *renderer_);
-    if (!bytes) return Failure{"can't draw: " + bytes.failure().reason};
+    if (!bytes) return Failure{sentence("can't draw: {0}", bytes.failure().reason)};
     return writeOutput(choices.output, *bytes, platform.files, console);
 }
 

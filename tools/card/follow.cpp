@@ -6,6 +6,7 @@
 #include "platform/events/ending_signals.h"
 #include "platform/events/path_watch.h"
 #include "platform/events/timer.h"
+#include "platform/language/sentence.h"
 #include "widget/orvel_widget.h"
 
 namespace orvel::tools {
@@ -29,7 +30,8 @@ Date nextMinute() {
 
 Outcome<Done> follow(const DesignChoice& design, const Platform& platform, Console& console,
                      FunctionRef<Outcome<Done>()> update) {
-    if (design.file == "-") return Failure{"standard input can't be followed; name a file", Failure::Cause::request};
+    if (design.file == "-")
+        return Failure{sentence("standard input can't be followed; name a file"), Failure::Cause::request};
     EventLoop loop;
     const Descriptor ending = openEndingSignals();
     const auto endingWatch = loop.watch(ending.get(), [&] { loop.stop(); });

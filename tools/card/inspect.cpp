@@ -1,5 +1,6 @@
 #include "tools/card/inspect.h"
 
+#include "platform/language/sentence.h"
 #include "platform/ui/inspection.h"
 #include "tools/card/drawing.h"
 #include "tools/core/input_output.h"
@@ -12,8 +13,8 @@ Outcome<Done> inspect(const CardChoices& card, const Platform& platform, Console
     const auto drawing = Drawing::open();
     if (!drawing) return drawing.failure();
     const View view = shownView(*shown, platform);
-    const auto printed =
-        printJson(inspection(name(card.family), view, drawing->scene(view, card.family)), "the card", console);
+    const auto printed = printJson(inspection(name(card.family), view, drawing->scene(view, card.family)),
+                                   toTranslate("the card"), console);
     if (!printed) return printed.failure();
     return unlessComplaint(shown->complaint);
 }

@@ -1,6 +1,7 @@
 #include "tools/card/render.h"
 
 #include "platform/host/card.h"
+#include "platform/language/sentence.h"
 #include "tools/card/follow.h"
 
 namespace orvel::tools {
@@ -48,7 +49,7 @@ private:
 Outcome<Done> render(const RenderChoices& choices, const Platform& platform, Console& console) {
     if (const auto writable = canWrite(choices.drawing.output, console); !writable) return writable.failure();
     if (choices.watch && choices.drawing.output == "-")
-        return Failure{"--watch draws into a file; name one with -o", Failure::Cause::request};
+        return Failure{sentence("--watch draws into a file; name one with -o"), Failure::Cause::request};
     CardFile file(choices, platform, console);
     if (!choices.watch) return file.update();
     return follow(choices.card.design, platform, console, [&] { return file.update(); });

@@ -6,6 +6,7 @@
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/markup.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "platform/ui/gettext_localizer.h"
 #include "tools/card/follow.h"
 #include "tools/core/input_output.h"
@@ -85,7 +86,7 @@ private:
     Outcome<Done> print(const std::optional<std::string>& words) {
         if (words && words == printed_) return Done{};
         if (choices_.form != WordsForm::text) {
-            const auto printed = printJson(words, "the card", console_);
+            const auto printed = printJson(words, toTranslate("the card"), console_);
             if (!printed) return printed.failure();
         } else {
             console_.out << (printed_ ? "\n" : "") << words.value_or("") << '\n' << std::flush;

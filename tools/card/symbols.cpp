@@ -6,6 +6,7 @@
 
 #include "platform/foundation/unicode.h"
 #include "platform/host/card.h"
+#include "platform/language/sentence.h"
 #include "platform/symbols/symbols.h"
 #include "tools/card/drawing.h"
 #include "tools/core/input_output.h"
@@ -22,9 +23,9 @@ constexpr Color background{22 / 255.0, 22 / 255.0, 25 / 255.0, 1.0};  // the car
 
 Failure noneFits(const std::string& text, const Symbols& symbols) {
     constexpr std::size_t longest = 60;
-    std::string reason = "no symbol goes with \"" + unicode::onOneLine(unicode::prefix(text, longest)) + '"';
-    if (const auto nearest = symbols.nearest(text)) reason += "; the nearest is \"" + *nearest + '"';
-    return {std::move(reason)};
+    const auto nearest = symbols.nearest(text);
+    return {clauses(sentence("no symbol goes with \"{0}\"", unicode::onOneLine(unicode::prefix(text, longest))),
+                    nearest ? sentence("the nearest is \"{0}\"", *nearest) : "")};
 }
 
 // Long names are broken after dots.

@@ -2,6 +2,7 @@
 
 #include "authoring/designs.h"
 #include "model/widget_spec_json.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "widget/provider.h"
 
@@ -36,7 +37,7 @@ Outcome<Done> timeline(const Platform& platform, Console& console) {
         writer.key("reload").number(timeline.policy.date().timeIntervalSinceReferenceDate);
     };
     provider.getTimeline(context, completion, platform);
-    const auto printed = printJson(writer.endObject().endObject().finish(), "a design", console);
+    const auto printed = printJson(writer.endObject().endObject().finish(), toTranslate("a design"), console);
     if (!printed) return printed.failure();
     const auto designs = readDesigns(platform);
     if (!designs) return designs.failure();

@@ -1,6 +1,7 @@
 #include "tools/core/console.h"
 
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::tools {
 
@@ -9,7 +10,7 @@ void say(std::string_view sentence, Console& console) {
 }
 
 void warn(std::string_view sentence, Console& console) {
-    console.err << "orvel: warning: " << unicode::onOneLine(sentence) << '\n';
+    say(orvel::sentence("warning: {0}", sentence), console);
 }
 
 }  // namespace orvel::tools

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::tools {
 namespace {
@@ -23,16 +24,16 @@ Outcome<std::string> readInput(const std::string& name, Console& console) {
         std::string text = readAll(console.in);
         const int why = errno;
         if (text.empty() && (why == EISDIR || why == EBADF || why == EIO))
-            return Failure{"standard input: can't read: " + std::string(std::strerror(why))};
+            return Failure{displayName(name) + ": " + sentence("can't read: {0}", std::strerror(why))};
         return text;
     }
     if (std::error_code code; std::filesystem::is_directory(name, code))
-        return Failure{name + ": can't read: " + std::strerror(EISDIR)};
+        return Failure{name + ": " + sentence("can't read: {0}", std::strerror(EISDIR))};
     errno = 0;
     std::ifstream file(name, std::ios::binary);
-    if (!file) return Failure{name + ": can't open: " + std::strerror(errno)};
+    if (!file) return Failure{name + ": " + sentence("can't open: {0}", std::strerror(errno))};
     std::string text = readAll(file);
-    if (file.bad()) return Failure{name + ": can't read: " + std::strerror(errno)};
+    if (file.bad()) return Failure{name + ": " + sentence("can't read: {0}", std::strerror(errno))};
     return text;
 }
 
@@ -49,7 +50,8 @@ Outcome<Done> writeOutput(const std::string& name, std::string_view bytes, Files
 
 Outcome<Done> printJson(const std::optional<std::string>& json, const char* what, Console& console) {
     if (!json)
-        return Failure{std::string(what) + " can't be written as JSON: a text isn't UTF-8, or a number isn't finite"};
+        return Failure{
+            sentence("{0} can't be written as JSON: a text isn't UTF-8, or a number isn't finite", sentence(what))};
     console.out << unicode::escapingForJson(*json) << '\n' << std::flush;
     return Done{};
 }
@@ -61,12 +63,12 @@ Outcome<Done> printAfterwards(std::string_view line, Console& console) try {
     const int why = errno;
     console.out.exceptions(std::ios::goodbit);  // the failure is reported once
     if (why == EPIPE) return Done{};
-    return Failure{"the change is made, but standard output can't be written: " + std::string(std::strerror(why)),
+    return Failure{sentence("the change is made, but standard output can't be written: {0}", std::strerror(why)),
                    Failure::Cause::afterwards};
 }
 
 std::string displayName(const std::string& name) {
-    return name == "-" ? "standard input" : name;
+    return name == "-" ? sentence("standard input") : name;
 }
 
 }  // namespace orvel::tools

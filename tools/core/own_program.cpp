@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "platform/foundation/installation.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::tools {
 
@@ -17,7 +18,7 @@ std::filesystem::path ownProgram(const std::string& name) {
     return programs.parent_path() / "libexec" / "orvel" / name;
 }
 
-Failure become(const std::string& program, const std::string& what, std::vector<std::string> arguments,
+Failure become(const std::string& program, std::string_view cantStart, std::vector<std::string> arguments,
                Console& console) {
     const std::string path = ownProgram(program);
     arguments.insert(arguments.begin(), path);
@@ -26,7 +27,7 @@ Failure become(const std::string& program, const std::string& what, std::vector<
     pointers.push_back(nullptr);
     console.out.flush();
     ::execv(path.c_str(), pointers.data());
-    return Failure{path + ": can't start the " + what + ": " + std::strerror(errno)};
+    return Failure{path + ": " + sentence(cantStart, std::strerror(errno))};
 }
 
 }  // namespace orvel::tools

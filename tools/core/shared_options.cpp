@@ -5,12 +5,13 @@
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/text_list.h"
+#include "platform/language/sentence.h"
 #include "platform/ui/language.h"
 
 namespace orvel::tools {
 
 void addExample(CLI::App& command, const std::string& line) {
-    command.footer("For example: " + line);
+    command.footer(sentence("For example: {0}", line));
 }
 
 void addInstantOption(CLI::App& command, Session& session) {
@@ -18,18 +19,22 @@ void addInstantOption(CLI::App& command, Session& session) {
         session.at = iso8601::dateTime(text, iso8601::Fraction::allowed);
         if (!session.at)
             throw CLI::ValidationError(
-                "--at", '"' + text + "\": a date-time with its zone is wanted, such as 2026-01-31T09:00:00Z");
+                "--at", sentence("\"{0}\": a date-time with its zone is wanted, such as 2026-01-31T09:00:00Z", text));
     };
-    command.add_option_function<std::string>("--at", parse, "The moment to show, such as 2026-01-31T09:00:00Z")
+    command
+        .add_option_function<std::string>("--at", parse, sentence("The moment to show, such as 2026-01-31T09:00:00Z"))
         ->type_name("INSTANT");
 }
 
 void addLanguageOption(CLI::App& command, Session& session) {
     const auto choose = [&session](const std::string& text) {
-        if (!isLanguage(text)) throw CLI::ValidationError("--lang", text + " is no language, such as ja or zh_TW");
+        if (!isLanguage(text))
+            throw CLI::ValidationError("--lang", sentence("{0} is no language, such as ja or zh_TW", text));
         session.language = text;
     };
-    command.add_option_function<std::string>("--lang", choose, "The language to draw in (default: the environment's)")
+    command
+        .add_option_function<std::string>("--lang", choose,
+                                          sentence("The language to draw in (default: the environment's)"))
         ->type_name("LANG");
 }
 
@@ -38,13 +43,13 @@ CLI::Validator numberWithin(int least, int most) {
     const auto judge = [least, most](const std::string& text) -> std::string {
         double number = 0;
         if (CLI::detail::lexical_cast(text, number) && number >= least && number <= most) return "";
-        return '"' + text + "\": a number from " + std::to_string(least) + " to " + std::to_string(most) + " is wanted";
+        return sentence("\"{0}\": a number from {1} to {2} is wanted", text, least, most);
     };
     return CLI::Validator(judge, "", "");
 }
 
 std::string wrongWord(const std::string& word, const std::vector<std::string>& known) {
-    return '"' + word + "\": " + alternatives(known) + " is wanted" + didYouMean(word, known);
+    return clauses(sentence("\"{0}\": {1} is wanted", word, alternatives(known)), didYouMean(word, known));
 }
 
 CLI::Validator oneWordOf(std::vector<std::string> known) {
@@ -57,7 +62,7 @@ CLI::Validator oneWordOf(std::vector<std::string> known) {
 void addFamilyOption(CLI::App& command, WidgetFamily& family) {
     static const std::map<std::string, WidgetFamily> families{{"small", WidgetFamily::systemSmall},
                                                               {"medium", WidgetFamily::systemMedium}};
-    addChoice(command, "--family", family, families, "small|medium", "The card's size (default: small)");
+    addChoice(command, "--family", family, families, "small|medium", sentence("The card's size (default: small)"));
 }
 
 }  // namespace orvel::tools

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/text_list.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::tools {
 namespace {
@@ -39,10 +40,10 @@ Words optionNames(const CLI::App& app) {
 std::string aboutExtra(const CLI::App& command, const std::string& extra) {
     if (extra.starts_with('-') && extra.size() > 1) {
         const std::string name = extra.substr(0, extra.find('='));
-        return "there is no option \"" + name + '"' + didYouMean(name, optionNames(command));
+        return clauses(sentence("there is no option \"{0}\"", name), didYouMean(name, optionNames(command)));
     }
     if (!commandNames(command).empty()) return unknownCommand(command, extra);
-    return '"' + extra + "\" is one argument too many";
+    return sentence("\"{0}\" is one argument too many", extra);
 }
 
 // The parser's own sentences name an option or argument, and then what is wrong.
@@ -50,23 +51,26 @@ std::string inOurWords(const CLI::App& command, const CLI::ParseError& error) {
     const std::string text = error.what();
     const std::string line = text.substr(0, text.find('\n'));
     const std::string name = line.substr(0, line.find_first_of(": "));
-    if (is<CLI::ArgumentMismatch>(error) && line.find("flag") == line.npos) return name + " needs a value";
-    if (is<CLI::ExcludesError>(error)) return name + " doesn't go with " + line.substr(line.rfind(' ') + 1);
+    if (is<CLI::ArgumentMismatch>(error) && line.find("flag") == line.npos) return sentence("{0} needs a value", name);
+    const std::string other = line.substr(line.rfind(' ') + 1);
+    if (is<CLI::ExcludesError>(error)) return sentence("{0} doesn't go with {1}", name, other);
+    if (is<CLI::RequiresError>(error)) return sentence("{0} requires {1}", name, other);
     const CLI::Option* const argument = command.get_option_no_throw(name);
     if (is<CLI::RequiredError>(error) && argument && argument->get_positional())
-        return argument->get_type_name() + " is missing";
+        return sentence("{0} is missing", argument->get_type_name());
+    if (is<CLI::RequiredError>(error) && argument) return sentence("{0} is required", name);
     return line;
 }
 
 class HelpFormatter final : public CLI::Formatter {
 public:
     std::string make_usage(const CLI::App* app, std::string) const override {
-        std::string line = "Usage: " + path(*app);
+        std::string line = path(*app);
         for (const CLI::Option* const option :
              app->get_options([](const CLI::Option* o) { return o->get_positional(); }))
             line += " " + make_option_usage(option);
         if (!commandNames(*app).empty()) line += app->get_parent() ? " [COMMAND]" : " COMMAND";
-        return line + " [OPTION]...\n";
+        return sentence("Usage: {0}", line + " [OPTION]...") + '\n';
     }
     std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
         return isPositional ? option->get_type_name() : option->get_name(false, true);
@@ -88,8 +92,8 @@ std::string usageProblem(const CLI::App& app, const CLI::ParseError& error) {
     const std::string what = isMistyped || is<CLI::ExtrasError>(error)
                                  ? aboutExtra(command, extras.empty() ? "" : extras.front())
                                  : inOurWords(command, error);
-    return what + (&command == &app ? " (orvel help lists the commands)"
-                                    : " (" + path(command) + " --help lists its options)");
+    return &command == &app ? sentence("{0} (orvel help lists the commands)", what)
+                            : sentence("{0} ({1} --help lists its options)", what, path(command));
 }
 
 const CLI::App* findCommand(const CLI::App& app, const Words& words) {
@@ -103,11 +107,23 @@ const CLI::App* findCommand(const CLI::App& app, const Words& words) {
 }
 
 std::string unknownCommand(const CLI::App& app, const std::string& word) {
-    return "there is no command \"" + word + '"' + didYouMean(word, commandNames(app));
+    return clauses(sentence("there is no command \"{0}\"", word), didYouMean(word, commandNames(app)));
 }
 
 std::shared_ptr<CLI::FormatterBase> helpFormatter() {
-    return std::make_shared<HelpFormatter>();
+    auto formatter = std::make_shared<HelpFormatter>();
+    formatter->label("Positionals", sentence("Positionals"));
+    formatter->label("REQUIRED", sentence("REQUIRED"));
+    return formatter;
+}
+
+void nameGroups(CLI::App& app) {
+    for (CLI::Option* const option : app.get_options())
+        if (!option->get_group().empty()) option->group(sentence("Options"));
+    for (CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        if (!command->get_group().empty()) command->group(sentence("Subcommands"));
+        nameGroups(*command);
+    }
 }
 
 }  // namespace orvel::tools

@@ -19,4 +19,7 @@ std::string unknownCommand(const CLI::App& app, const std::string& word);
 /// The help texts: placeholders instead of names, and nothing about options that go without each other.
 std::shared_ptr<CLI::FormatterBase> helpFormatter();
 
+/// The headings above options and commands in help texts, in the person's language.
+void nameGroups(CLI::App& app);
+
 }  // namespace orvel::tools

@@ -2,18 +2,20 @@
 
 #include <memory>
 
+#include "platform/language/sentence.h"
 #include "tools/core/shared_options.h"
 #include "tools/design/design.h"
 
 namespace orvel::tools {
 
 void addDesignCommands(CLI::App& app, Session& session) {
-    CLI::App& command = *app.add_subcommand("design", "Open the designer in your browser, until you close its page");
+    CLI::App& command =
+        *app.add_subcommand("design", sentence("Open the designer in your browser, until you close its page"));
     const auto choices = std::make_shared<DesignChoices>();
-    command.add_option("design", choices->reference, "An id, the beginning of one, or a position such as @1")
+    command.add_option("design", choices->reference, sentence("An id, the beginning of one, or a position such as @1"))
         ->type_name("ID");
-    command.add_flag("--no-browser", choices->printsAddress, "Print the page's address instead");
-    command.add_option("--port", choices->port, "The port to serve it on (default: any free one)")
+    command.add_flag("--no-browser", choices->printsAddress, sentence("Print the page's address instead"));
+    command.add_option("--port", choices->port, sentence("The port to serve it on (default: any free one)"))
         ->type_name("N")
         ->check(numberWithin(1, 65535));
     runs(command, session, choices, design);

@@ -6,6 +6,7 @@
 
 #include "platform/foundation/installation.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::tools {
 namespace {
@@ -77,8 +78,8 @@ Outcome<Autostart> autostart(const Platform& platform) {
     if (!unit) return unit.failure();
     Autostart state{*own && !isTurnedOff(**own)};
     if (const auto program = state.isOn ? missingProgram(**own, platform) : std::nullopt)
-        state.warning = entry(platform).string() + " starts " + unicode::onOneLine(*program) +
-                        ", which is gone; orvel autostart on mends it";
+        state.warning = sentence("{0} starts {1}, which is gone; orvel autostart on mends it", entry(platform).string(),
+                                 unicode::onOneLine(*program));
     state.isOn = state.isOn || *unit;
     return state;
 }
@@ -94,7 +95,7 @@ Outcome<Done> showAutostart(const Platform& platform, Console& console) {
 Outcome<Done> turnAutostartOn(const Platform& platform) {
     const path installed = installedData() / "orvel" / entryName;
     const auto model = platform.files.read(installed);
-    if (!model) return Failure{failure(installed, model.failure()).reason + "; install orvel again"};
+    if (!model) return Failure{clauses(failure(installed, model.failure()).reason, sentence("install orvel again"))};
     const path own = entry(platform);
     const auto created = platform.files.createFolders(own.parent_path());
     if (!created) return failure(own.parent_path(), created.failure());

@@ -9,6 +9,7 @@
 #include "platform/foundation/unicode.h"
 #include "platform/host/desktop.h"
 #include "platform/host/session_launch.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "tools/desktop/reference.h"
 #include "tools/feeds/beside.h"
@@ -78,7 +79,7 @@ Outcome<Done> desktop(const PlaceChoices& choices, const Platform& platform, Con
     if (choices.isEmpty()) {
         sole = becomeSoleService();
         if (const auto* const other = std::get_if<OtherProcess>(&sole)) {
-            notice("your cards are on this desktop already, shown by process " + other->number);
+            notice(sentence("your cards are on this desktop already, shown by process {0}", other->number));
             return Done{};
         }
     } else {
@@ -112,7 +113,7 @@ Outcome<Done> outputs(OutputsForm form, Console& console) {
         writer.key("scale").number(output.scale).endObject();
     }
     writer.endArray();
-    return printJson(writer.finish(), "an output", console);
+    return printJson(writer.finish(), toTranslate("an output"), console);
 }
 
 }  // namespace orvel::tools

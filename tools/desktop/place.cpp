@@ -12,6 +12,7 @@
 #include "desktop/places_json.h"
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "platform/window/open_window_system.h"
 #include "tools/core/input_output.h"
 #include "tools/core/terminal.h"
@@ -59,13 +60,14 @@ Monitors monitors(const std::vector<Place>& places) {
 }
 
 void printTable(const std::vector<Place>& places, const std::vector<WidgetSpec>& specs, Console& console) {
-    std::vector<std::vector<std::string>> rows{
-        {"", "DESIGN", "TITLE", "SIZE", "ANCHOR", "MARGIN", "OUTPUT", "LAYER", "CLICK"}};
+    std::vector<std::vector<std::string>> rows{{"", sentence("DESIGN"), sentence("TITLE"), sentence("SIZE"),
+                                                sentence("ANCHOR"), sentence("MARGIN"), sentence("OUTPUT"),
+                                                sentence("LAYER"), sentence("CLICK")}};
     for (std::size_t i = 0; i < places.size(); ++i) {
         const Place& each = places[i];
         const WidgetSpec* const design = designAt(each, specs);
         rows.push_back({std::to_string(i + 1), unicode::onOneLine(text(each.design)),
-                        design ? unicode::onOneLine(design->title) : "(not stored)",
+                        design ? unicode::onOneLine(design->title) : sentence("(not stored)"),
                         std::string(place_words::wordFor(place_words::families, each.family)),
                         std::string(place_words::wordFor(place_words::anchors, each.place.anchor)),
                         marginText(each.place.margin), outputText(each.place.output),
@@ -104,20 +106,22 @@ Outcome<Done> listPlaces(PlacesForm form, const Platform& platform, Console& con
             writer.beginObject().key("name").string(output.name).key("there").boolean(true).endObject();
         for (const std::string& name : missing)
             writer.beginObject().key("name").string(name).key("there").boolean(false).endObject();
-        return printJson(writer.endArray().endObject().finish(), "a place", console);
+        return printJson(writer.endArray().endObject().finish(), toTranslate("a place"), console);
     }
     if (places->empty()) {
-        console.out << "no design has a place, so the first one stands at the top right; "
-                       "orvel place @1 --anchor left puts it elsewhere\n";
+        console.out << sentence(
+                           "no design has a place, so the first one stands at the top right; "
+                           "orvel place @1 --anchor left puts it elsewhere")
+                    << '\n';
     } else {
         const auto specs = readDesigns(platform);
         printTable(*places, specs ? *specs : std::vector<WidgetSpec>(), console);
     }
     if (there) {
-        console.out << "monitors:";
-        for (const Output& output : *there) console.out << ' ' << unicode::onOneLine(output.name);
-        for (const std::string& name : missing) console.out << ' ' << unicode::onOneLine(name) << " (not there)";
-        console.out << '\n';
+        std::string names;
+        for (const Output& output : *there) names += ' ' + unicode::onOneLine(output.name);
+        for (const std::string& name : missing) names += ' ' + sentence("{0} (not there)", unicode::onOneLine(name));
+        console.out << sentence("monitors:") << names << '\n';
     }
     return Done{};
 }
@@ -140,7 +144,8 @@ Outcome<Done> unplace(const std::string& reference, const Platform& platform, Co
             }
         }
         if (found == places.end())
-            return Failure{unicode::onOneLine(reference) + ": that design has no place; orvel place lists the places"};
+            return Failure{unicode::onOneLine(reference) + ": " +
+                           sentence("that design has no place; orvel place lists the places")};
         places.erase(found);
         return Done{};
     };

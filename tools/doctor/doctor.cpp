@@ -4,6 +4,7 @@
 
 #include "platform/foundation/json_writer.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "tools/core/terminal.h"
 #include "tools/doctor/checks.h"
@@ -11,10 +12,16 @@
 namespace orvel::tools {
 namespace {
 
-void print(const Check& check, const Finding& finding, Console& console) {
-    constexpr std::size_t columns = 13;
+// As wide as the longest name, and a gap.
+std::size_t nameColumns() {
+    std::size_t columns = 0;
+    for (const Check& check : checks()) columns = std::max(columns, unicode::columns(sentence(check.name)));
+    return columns + 2;
+}
+
+void print(const Check& check, const Finding& finding, std::size_t columns, Console& console) {
     const char* const mark = finding.health == Health::good ? "  " : finding.health == Health::note ? "- " : "! ";
-    console.out << mark << padded(std::string(check.name), columns) << unicode::onOneLine(finding.found) << '\n';
+    console.out << mark << padded(sentence(check.name), columns) << unicode::onOneLine(finding.found) << '\n';
     if (!finding.advice.empty())
         console.out << std::string(columns + 2, ' ') << "-> " << unicode::onOneLine(finding.advice) << '\n';
 }
@@ -32,6 +39,8 @@ void write(json::Writer& writer, const Check& check, const Finding& finding) {
 }  // namespace
 
 Outcome<Done> doctor(DoctorForm form, const Platform& platform, Console& console) {
+    if (form == DoctorForm::json) keepSentencesEnglish();
+    const std::size_t columns = nameColumns();
     std::size_t problems = 0;
     json::Writer writer;
     writer.beginArray();
@@ -41,13 +50,13 @@ Outcome<Done> doctor(DoctorForm form, const Platform& platform, Console& console
         if (form == DoctorForm::json)
             write(writer, check, finding);
         else
-            print(check, finding, console);
+            print(check, finding, columns, console);
     }
     const auto json = writer.endArray().finish();
     if (form == DoctorForm::json)
-        if (const auto printed = printJson(json, "a finding", console); !printed) return printed.failure();
+        if (const auto printed = printJson(json, toTranslate("a finding"), console); !printed) return printed.failure();
     if (problems == 0) return Done{};
-    return Failure{problems == 1 ? "there is a problem" : "there are " + std::to_string(problems) + " problems"};
+    return Failure{counted("there is a problem", "there are {0} problems", problems)};
 }
 
 }  // namespace orvel::tools

@@ -45,7 +45,7 @@ constexpr Explained environment[] = {
     {"XDG_CONFIG_HOME, XDG_STATE_HOME",
      "Folders for places and for the history; else they are ~/.config and "
      "~/.local/state."},
-    {"LC_ALL, LC_MESSAGES, LANG, LANGUAGE", "The language of the cards."},
+    {"LC_ALL, LC_MESSAGES, LANG, LANGUAGE", "The language of the cards and of the messages."},
 };
 
 constexpr Explained files[] = {

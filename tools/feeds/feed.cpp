@@ -10,6 +10,7 @@
 #include "feeds/run.h"
 #include "feeds/service.h"
 #include "platform/foundation/sole_process.h"
+#include "platform/language/sentence.h"
 
 namespace orvel::tools {
 namespace {
@@ -62,7 +63,8 @@ Outcome<Done> addFeed(const Feed& given, const Platform& platform, Console& cons
     };
     if (const auto changed = change(put, platform, console); !changed) return changed.failure();
     if (!findSole(FeedService::lockName))
-        say("nothing serves your feeds yet; orvel desktop does, and so does orvel feeds, without cards", console);
+        say(sentence("nothing serves your feeds yet; orvel desktop does, and so does orvel feeds, without cards"),
+            console);
     return Done{};
 }
 

@@ -12,6 +12,7 @@
 #include "platform/foundation/iso8601.h"
 #include "platform/foundation/sole_process.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "tools/core/terminal.h"
 
@@ -34,19 +35,21 @@ std::string took(const FeedStatus& status) {
 }
 
 std::string result(const FeedStatus& status) {
-    if (!status.last) return "not run yet";
-    if (!status.failure) return "good";
-    const std::string times = status.failures > 1 ? std::to_string(status.failures) + " times: " : "";
-    return times + unicode::onOneLine(*status.failure);
+    if (!status.last) return sentence("not run yet");
+    if (!status.failure) return sentence("good");
+    const std::string why = unicode::onOneLine(*status.failure);
+    if (status.failures <= 1) return why;
+    return counted("{0} time: {1}", "{0} times: {1}", static_cast<std::size_t>(status.failures), why);
 }
 
 void printTable(const std::vector<Feed>& feeds, const FeedStatuses& statuses, bool isServed, const Platform& platform,
                 Console& console) {
-    std::vector<std::vector<std::string>> rows{{"NAME", "EVERY", "LAST", "TOOK", "NEXT", "RESULT"}};
+    std::vector<std::vector<std::string>> rows{{sentence("NAME"), sentence("EVERY"), sentence("LAST"), sentence("TOOK"),
+                                                sentence("NEXT"), sentence("RESULT")}};
     for (const Feed& feed : feeds) {
         const auto found = statuses.find(feed.name);
         const FeedStatus status = found == statuses.end() ? FeedStatus() : found->second;
-        const std::string next = feed.isPaused ? "paused" : isServed ? when(status.next, platform) : "-";
+        const std::string next = feed.isPaused ? sentence("paused") : isServed ? when(status.next, platform) : "-";
         rows.push_back({unicode::onOneLine(feed.name), text(feed.every), when(status.last, platform), took(status),
                         next, result(status)});
     }
@@ -64,14 +67,15 @@ Outcome<Done> listFeeds(FeedsForm form, const Platform& platform, Console& conso
         json::Writer writer;
         writer.beginObject().key("served").boolean(isServed);
         writer.key("feeds").raw(FeedsJSON::encode(*feeds).value_or("[]"));
-        return printJson(writer.key("status").raw(Statuses::text(statuses)).endObject().finish(), "a feed", console);
+        return printJson(writer.key("status").raw(Statuses::text(statuses)).endObject().finish(), toTranslate("a feed"),
+                         console);
     }
     if (feeds->empty()) {
-        console.out << "there are no feeds yet; orvel feed new offers some\n";
+        console.out << sentence("there are no feeds yet; orvel feed new offers some") << '\n';
         return Done{};
     }
     printTable(*feeds, statuses, isServed, platform, console);
-    if (!isServed) say("nothing serves them now; orvel feeds does", console);
+    if (!isServed) say(sentence("nothing serves them now; orvel feeds does"), console);
     return Done{};
 }
 

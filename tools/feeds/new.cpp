@@ -7,6 +7,7 @@
 #include "feeds/templates.h"
 #include "platform/foundation/nearest_word.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "tools/core/terminal.h"
 #include "tools/feeds/feed.h"
 
@@ -24,10 +25,11 @@ std::vector<std::string> words(std::string_view text, char between) {
 }
 
 void listTemplates(Console& console) {
-    std::vector<std::vector<std::string>> rows{{"TEMPLATE", "ARGUMENTS", "NEEDS", "SHOWS"}};
+    std::vector<std::vector<std::string>> rows{
+        {sentence("TEMPLATE"), sentence("ARGUMENTS"), sentence("NEEDS"), sentence("SHOWS")}};
     for (const FeedTemplate& each : feedTemplates)
         rows.push_back(
-            {std::string(each.name), std::string(each.arguments), std::string(each.needs), std::string(each.help)});
+            {std::string(each.name), std::string(each.arguments), std::string(each.needs), sentence(each.help)});
     printColumns(rows, console);
 }
 
@@ -38,8 +40,9 @@ Outcome<const FeedTemplate*> findTemplate(const std::string& name) {
         names.push_back(each.name);
     }
     std::string hint = didYouMean(name, names);
-    if (hint.empty()) hint = "; orvel feed new lists them";
-    return Failure{"no template is called \"" + unicode::onOneLine(name) + '"' + hint, Failure::Cause::request};
+    if (hint.empty()) hint = sentence("orvel feed new lists them");
+    return Failure{clauses(sentence("no template is called \"{0}\"", unicode::onOneLine(name)), hint),
+                   Failure::Cause::request};
 }
 
 Outcome<Done> checkArguments(const FeedTemplate& source, const std::vector<std::string>& given) {
@@ -48,9 +51,7 @@ Outcome<Done> checkArguments(const FeedTemplate& source, const std::vector<std::
     const auto least = static_cast<std::size_t>(std::count_if(wanted.begin(), wanted.end(), isNeeded));
     if (given.size() >= least) return Done{};
     const std::string name(source.name);
-    return Failure{name + " needs " + std::string(source.arguments) + ": orvel feed new " + name + " " +
-                       std::string(source.arguments),
-                   Failure::Cause::request};
+    return Failure{sentence("{0} needs {1}: orvel feed new {0} {1}", name, source.arguments), Failure::Cause::request};
 }
 
 Feed feedOf(const FeedTemplate& source, const NewFeed& wanted) {
@@ -86,12 +87,12 @@ Outcome<Done> newFeed(const NewFeed& wanted, const Platform& platform, Console& 
     const Feed feed = feedOf(**source, wanted);
     const auto feeds = readFeeds(platform);
     if (feeds && std::ranges::find(*feeds, feed.name, &Feed::name) != feeds->end())
-        return Failure{"there is a feed called \"" + unicode::onOneLine(feed.name) +
-                       "\"; --name gives this one another"};
+        return Failure{
+            sentence("there is a feed called \"{0}\"; --name gives this one another", unicode::onOneLine(feed.name))};
     if (const auto added = addFeed(feed, platform, console); !added) return added.failure();
     const FeedRun run = runFeed(feed, platform);
     if (run.failure && !run.isSkipped)
-        warn(feed.name + " is added, but its first run failed: " + *run.failure, console);
+        warn(sentence("{0} is added, but its first run failed: {1}", feed.name, *run.failure), console);
     return Done{};
 }
 

@@ -5,6 +5,7 @@
 #include "authoring/warnings.h"
 #include "model/store_files.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "tools/store/list.h"
 
@@ -41,7 +42,7 @@ Outcome<Done> check(const std::optional<std::string>& file, const Platform& plat
     const auto source = input(file, platform, console);
     if (!source) return source.failure();
     if (!*source) {
-        console.out << noDesignsYet;
+        console.out << sentence(noDesignsYet) << '\n';
         return Done{};
     }
     const auto& [name, text] = **source;
@@ -53,9 +54,9 @@ Outcome<Done> check(const std::optional<std::string>& file, const Platform& plat
     for (auto& warning : warnings(*specs, symbols)) found.push_back(std::move(warning));
     std::ranges::stable_sort(found, {}, &DesignWarning::index);
     for (const auto& [index, warning] : found)
-        console.out << "design @" << index + 1 << ": " << unicode::onOneLine(warning.text) << '\n';
-    console.out << unicode::onOneLine(name) << ": " << specs->size()
-                << (specs->size() == 1 ? " design loads\n" : " designs load\n");
+        console.out << sentence("design @{0}", index + 1) << ": " << unicode::onOneLine(warning.text) << '\n';
+    console.out << unicode::onOneLine(name) << ": " << counted("{0} design loads", "{0} designs load", specs->size())
+                << '\n';
     return Done{};
 }
 

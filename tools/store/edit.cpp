@@ -11,6 +11,7 @@
 #include "authoring/references.h"
 #include "authoring/warnings.h"
 #include "model/widget_spec_json.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "tools/store/editor.h"
 #include "tools/store/operations.h"
@@ -63,10 +64,10 @@ public:
         std::error_code code;
         std::string folder = (std::filesystem::temp_directory_path(code) / "orvel-edit-XXXXXX").string();
         if (code || !::mkdtemp(folder.data()))
-            return Failure{folder + ": can't create: " + (code ? code.message() : std::strerror(errno))};
+            return Failure{folder + ": " + sentence("can't create: {0}", code ? code.message() : std::strerror(errno))};
         std::unique_ptr<Draft> draft(new Draft(folder));
         std::ofstream stream(draft->file());
-        if (!(stream << text << std::flush)) return Failure{draft->file().string() + ": can't write"};
+        if (!(stream << text << std::flush)) return Failure{draft->file().string() + ": " + sentence("can't write")};
         return draft;
     }
 
@@ -75,7 +76,8 @@ public:
     /// What the person wrote stays, and the failure says where.
     Failure keptWith(Failure failure) {
         stays_ = true;
-        failure.reason += "; nothing has been changed, and your text stays in " + file().string();
+        failure.reason =
+            clauses(failure.reason, sentence("nothing has been changed, and your text stays in {0}", file().string()));
         return failure;
     }
 
@@ -93,7 +95,7 @@ struct Edited {
 // Absent when the person left the text as it was.
 Outcome<std::optional<Edited>> edited(const WidgetSpec& original, Console& console) {
     const auto json = WidgetSpecJSON::encode(original);
-    if (!json) return Failure{"the design can't be written as JSON"};
+    if (!json) return Failure{sentence("the design can't be written as JSON")};
     const std::string command = editorCommand();
     const std::string first = indented(*json);
     auto draft = Draft::with(first);
@@ -118,7 +120,7 @@ Outcome<std::optional<Edited>> edited(const WidgetSpec& original, Console& conso
         before = *text;
         say(fault, console);
         if (console.isInteractive) {
-            console.err << "orvel: press Enter to open it again there " << std::flush;
+            console.err << "orvel: " << sentence("press Enter to open it again there") << ' ' << std::flush;
             std::string answer;
             if (!std::getline(console.in, answer)) return (*draft)->keptWith({fault});
         }
@@ -140,7 +142,7 @@ std::optional<std::size_t> findAgain(const std::vector<WidgetSpec>& specs, std::
 Outcome<Done> edit(const std::optional<std::string>& reference, const Platform& platform, Console& console) {
     const auto specs = readDesigns(platform);
     if (!specs) return specs.failure();
-    if (specs->empty()) return Failure{"no designs are stored yet; orvel add stores one"};
+    if (specs->empty()) return Failure{sentence("no designs are stored yet; orvel add stores one")};
     const auto index = reference ? findOne(*specs, *reference) : Outcome<std::size_t>(std::size_t{0});
     if (!index) return index.failure();
     const WidgetSpec& original = (*specs)[*index];
@@ -152,7 +154,7 @@ Outcome<Done> edit(const std::optional<std::string>& reference, const Platform& 
     const auto designs = openForChange(platform, console);
     if (!designs) return draft->keptWith(designs.failure());
     const auto now = findAgain(designs->specs, *index, original);
-    if (!now) return draft->keptWith({Changes::nameOf(original) + " was changed or removed meanwhile"});
+    if (!now) return draft->keptWith({sentence("{0} was changed or removed meanwhile", Changes::nameOf(original))});
     const auto change = Changes::replacing(designs->specs, *now, spec);
     if (!change) return draft->keptWith(change.failure());
     const auto saved = saveChange(*designs, *change, platform);

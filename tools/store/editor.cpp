@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/language/sentence.h"
+
 namespace orvel::tools {
 namespace {
 
@@ -74,14 +76,15 @@ Outcome<Done> openInEditor(const std::string& command, const std::filesystem::pa
     pid_t child = 0;
     const int code = ::posix_spawn(&child, "/bin/sh", nullptr, &attributes, arguments.data(), environ);
     ::posix_spawnattr_destroy(&attributes);
-    if (code != 0) return Failure{command + ": can't start: " + std::strerror(code)};
+    if (code != 0) return Failure{command + ": " + sentence("can't start: {0}", std::strerror(code))};
 
     int status = 0;
     while (::waitpid(child, &status, 0) < 0)
-        if (errno != EINTR) return Failure{command + ": can't wait for its end: " + std::strerror(errno)};
+        if (errno != EINTR)
+            return Failure{command + ": " + sentence("can't wait for its end: {0}", std::strerror(errno))};
     if (WIFEXITED(status) && WEXITSTATUS(status) == 0) return Done{};
-    return Failure{command + (WIFEXITED(status) ? " ended with status " + std::to_string(WEXITSTATUS(status))
-                                                : " was ended by signal " + std::to_string(WTERMSIG(status)))};
+    return Failure{WIFEXITED(status) ? sentence("{0} ended with status {1}", command, WEXITSTATUS(status))
+                                     : sentence("{0} was ended by signal {1}", command, WTERMSIG(status))};
 }
 
 }  // namespace orvel::tools

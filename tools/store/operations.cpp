@@ -8,6 +8,7 @@
 #include "authoring/warnings.h"
 #include "platform/foundation/text_list.h"
 #include "platform/foundation/unicode.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 
 namespace orvel::tools {
@@ -36,10 +37,11 @@ Outcome<std::vector<Assignment>> takenApart(const std::vector<std::string>& text
 }
 
 bool isConfirmed(const std::string& question, Console& console) {
-    console.err << "orvel: " << question << " [y/N] " << std::flush;
+    console.err << "orvel: " << sentence("{0} [y/N]", question) << ' ' << std::flush;
     std::string answer;
     std::getline(console.in, answer);
-    return answer == "y" || answer == "Y" || answer == "yes";
+    // In the person's language, as the question tells, and in English.
+    return answer == "y" || answer == "Y" || answer == "yes" || answer == sentence("y") || answer == sentence("yes");
 }
 
 // A list that isn't valid is replaced only when the person agrees.
@@ -48,9 +50,11 @@ Outcome<OpenDesigns> openForAdding(bool startOver, const Platform& platform, Con
     auto designs = openDesigns(platform, wait, startOver ? WhenInvalid::startOver : WhenInvalid::refuse);
     if (designs || designs.failure().cause != Failure::Cause::content) return designs;
     const std::string& reason = designs.failure().reason;
-    if (console.isInteractive && isConfirmed(reason + ". Keep that file beside, and begin a new list?", console))
+    if (console.isInteractive &&
+        isConfirmed(sentence("{0}. Keep that file beside, and begin a new list?", reason), console))
         return openDesigns(platform, wait, WhenInvalid::startOver);
-    return Failure{reason + "; --start-over keeps the file beside and begins a new list", Failure::Cause::content};
+    return Failure{clauses(reason, sentence("--start-over keeps the file beside and begins a new list")),
+                   Failure::Cause::content};
 }
 
 Outcome<Done> saveOne(const OpenDesigns& designs, const Outcome<Change>& change, const Platform& platform,
@@ -76,13 +80,15 @@ Outcome<Done> addInFront(const WidgetSpec& spec, const OpenDesigns& designs, con
                          Console& console) {
     auto stored = storeOne(designs, Changes::adding(designs.specs, spec), platform, console);
     if (stored && console.columns)
-        say("it is the design that is shown; orvel desktop puts it on the desktop, orvel show prints it here", console);
+        say(sentence("it is the design that is shown; orvel desktop puts it on the desktop, orvel show prints it here"),
+            console);
     return stored;
 }
 
 Failure incompleteNew(const std::string& id, const std::vector<std::string_view>& missing) {
-    return {"no design has the id " + unicode::onOneLine(id) + " yet, and a new one needs " + joined(missing, " and "),
-            Failure::Cause::request};
+    return {
+        sentence("no design has the id {0} yet, and a new one needs {1}", unicode::onOneLine(id), conjunction(missing)),
+        Failure::Cause::request};
 }
 
 Outcome<Done> addInPlace(const Addition& addition, const Platform& platform, Console& console) {
@@ -125,7 +131,7 @@ Outcome<Done> create(const FieldChange& change, std::vector<Assignment> fields, 
 
 LockWait patience(Console& console) {
     return {.most = std::chrono::duration<double>(console.lockWait), .tell = [&console](const std::string& holder) {
-                say("waiting for " + holder + ", which is changing the store", console);
+                say(sentence("waiting for {0}, which is changing the store", holder), console);
             }};
 }
 
@@ -139,8 +145,8 @@ void warnAbout(const WidgetSpec& spec, Console& console) {
 }
 
 Outcome<Done> report(const Saved& saved, Console& console) {
-    if (saved.keptAs) say("the list that didn't load is kept as " + *saved.keptAs, console);
-    if (saved.cantUndo) warn("orvel undo can't take this back: " + *saved.cantUndo, console);
+    if (saved.keptAs) say(sentence("the list that didn't load is kept as {0}", *saved.keptAs), console);
+    if (saved.cantUndo) warn(sentence("orvel undo can't take this back: {0}", *saved.cantUndo), console);
     if (saved.mayBeLost) return doneForNow(*saved.mayBeLost);
     return Done{};
 }
@@ -217,7 +223,8 @@ Outcome<Done> remove(const std::vector<std::string>& references, const Platform&
     const auto saved = saveChange(*designs, change, platform);
     if (!saved) return saved.failure();
     std::string line = change.what;
-    if (!saved->cantUndo) line += std::string("; orvel undo brings ") + (chosen.size() == 1 ? "it" : "them") + " back";
+    if (!saved->cantUndo)
+        line = clauses(line, counted("orvel undo brings it back", "orvel undo brings them back", chosen.size()));
     const auto printed = printAfterwards(line, console);
     const auto reported = report(*saved, console);
     return reported ? printed : reported;
@@ -228,8 +235,8 @@ Outcome<Done> undo(const Platform& platform, Console& console) {
     if (!designs) return designs.failure();
     const auto undone = orvel::undo(*designs, platform);
     if (!undone) return undone.failure();
-    const auto printed = printAfterwards("took back: " + undone->what, console);
-    if (undone->pendingStays) warn("the design isn't pending again: " + *undone->pendingStays, console);
+    const auto printed = printAfterwards(sentence("took back: {0}", undone->what), console);
+    if (undone->pendingStays) warn(sentence("the design isn't pending again: {0}", *undone->pendingStays), console);
     const auto reported = report(undone->saved, console);
     return reported ? printed : reported;
 }

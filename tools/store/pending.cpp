@@ -1,6 +1,7 @@
 #include "tools/store/pending.h"
 
 #include "model/store_files.h"
+#include "platform/language/sentence.h"
 #include "platform/ui/gettext_localizer.h"
 #include "tools/core/input_output.h"
 #include "tools/store/operations.h"
@@ -20,8 +21,8 @@ Outcome<Done> clear(const Platform& platform) {
 Outcome<Done> showPending(bool json, const Platform& platform, Console& console) {
     const auto spec = StoreFiles::readPending(platform);
     if (!spec && !spec.failure().isMissing()) return Failure{spec.failure().message()};
-    if (!spec && !json) return Failure{"no design is pending"};
-    if (json) return printJson(spec ? WidgetSpecJSON::encode(*spec) : "null", "the design", console);
+    if (!spec && !json) return Failure{sentence("no design is pending")};
+    if (json) return printJson(spec ? WidgetSpecJSON::encode(*spec) : "null", toTranslate("the design"), console);
     const GettextLocalizer localizer(GettextLocalizer::installedDirectory());
     console.out << cardText(*spec, localizer, platform) << '\n';
     return Done{};
@@ -48,7 +49,7 @@ Outcome<Done> acceptPending(const Platform& platform, Console& console) {
     const auto designs = openForChange(platform, console);
     if (!designs) return designs.failure();
     const auto spec = StoreFiles::readPending(platform);
-    if (!spec) return Failure{spec.failure().isMissing() ? "no design is pending" : spec.failure().message()};
+    if (!spec) return Failure{spec.failure().isMissing() ? sentence("no design is pending") : spec.failure().message()};
     auto change = Changes::adding(designs->specs, *spec);
     if (!change) return change.failure();
     change->accepted = *spec;

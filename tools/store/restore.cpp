@@ -7,6 +7,7 @@
 #include "authoring/keep_beside.h"
 #include "model/store_files.h"
 #include "model/widget_spec_json.h"
+#include "platform/language/sentence.h"
 #include "tools/core/input_output.h"
 #include "tools/core/terminal.h"
 #include "tools/store/operations.h"
@@ -20,8 +21,8 @@ std::string whatLoads(const path& file, const Platform& platform) {
     auto bytes = platform.files.read(file);
     if (!bytes) return bytes.failure().message();
     const auto specs = WidgetSpecJSON::decodeList(*std::move(bytes));
-    if (!specs) return "doesn't load: " + specs.failure().message();
-    return std::to_string(specs->size()) + (specs->size() == 1 ? " design" : " designs");
+    if (!specs) return sentence("doesn't load: {0}", specs.failure().message());
+    return counted("{0} design", "{0} designs", specs->size());
 }
 
 void print(const std::vector<path>& copies, const Platform& platform, Console& console) {
@@ -59,13 +60,19 @@ Outcome<Done> restore(const std::optional<std::string>& choice, const Platform& 
     }
     const auto copy = chosen(*choice, *copies);
     if (!copy)
-        return Failure{*choice + ": nothing is kept by that name or number (" + std::to_string(copies->size()) +
-                       (copies->size() == 1 ? " file is" : " files are") + " kept; orvel restore lists them)"};
+        return Failure{*choice + ": " +
+                       counted("nothing is kept by that name or number ({0} file is kept; orvel restore "
+                               "lists them)",
+                               "nothing is kept by that name or number ({0} files are kept; orvel "
+                               "restore lists them)",
+                               copies->size())};
     const auto done = bringBack(*copy, platform);
     if (!done) return done.failure();
-    std::string line = copy->filename().string() + (done->wroteAnything ? " is back: " : " is in place already: ") +
-                       whatLoads(list, platform);
-    if (done->keptAs) line += "; what was there is kept as " + path(*done->keptAs).filename().string();
+    const std::string name = copy->filename().string();
+    std::string line = done->wroteAnything ? sentence("{0} is back: {1}", name, whatLoads(list, platform))
+                                           : sentence("{0} is in place already: {1}", name, whatLoads(list, platform));
+    if (done->keptAs)
+        line = clauses(line, sentence("what was there is kept as {0}", path(*done->keptAs).filename().string()));
     const auto printed = printAfterwards(line, console);
     if (done->mayBeLost) return doneForNow(*done->mayBeLost);
     return printed;

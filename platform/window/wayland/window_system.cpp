@@ -2,6 +2,7 @@
 
 #include <list>
 
+#include "platform/language/sentence.h"
 #include "platform/window/wayland/output_room.h"
 #include "platform/window/wayland/pointer.h"
 #include "platform/window/wayland/surface.h"
@@ -16,7 +17,7 @@ public:
 
     void serve(Handlers handlers) override {
         handlers_ = std::move(handlers);
-        if (const char* const limits = this->limits()) handlers_.notice(limits);
+        if (const char* const limits = this->limits()) handlers_.notice(sentence(limits));
         display_->serve(
             loop_, [this] { outputsChanged(); }, [this](const std::string& why) { handlers_.ended(why); });
     }
@@ -52,12 +53,14 @@ private:
     // What cards can't do here, in a sentence for a person; null when there is nothing of the kind.
     const char* limits() const {
         if (!display_->layerShell)
-            return "the Wayland compositor has no layer shell, and there is no X server; cards are plain windows, "
-                   "which "
-                   "lie where the compositor puts them";
-        if (display_->isKWin) return "KWin puts cards away together with the windows when it shows the desktop";
+            return toTranslate(
+                "the Wayland compositor has no layer shell, and there is no X server; cards are plain windows, which "
+                "lie where the compositor puts them");
+        if (display_->isKWin)
+            return toTranslate("KWin puts cards away together with the windows when it shows the desktop");
         if (!display_->fractionalScales)
-            return "the Wayland compositor tells programs whole scales alone; at any other, cards are a little blurred";
+            return toTranslate(
+                "the Wayland compositor tells programs whole scales alone; at any other, cards are a little blurred");
         return nullptr;
     }
 

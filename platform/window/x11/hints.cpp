@@ -8,6 +8,8 @@
 #include <cstring>
 #include <initializer_list>
 
+#include "platform/language/sentence.h"
+
 namespace orvel {
 namespace {
 
@@ -92,10 +94,13 @@ Keeper chooseKeeper(const X11Display& display, xcb_window_t windowManager) {
 
 std::string limitsInsideWayland(const X11Display& display, xcb_window_t windowManager) {
     const std::string name = nameOf(display, windowManager);
-    const std::string general = "the Wayland compositor has no layer shell; cards are windows of its X server";
     if (contains(name, "Weston"))
-        return general + ", which lie above older windows, keep clicks to themselves and stay on one workspace";
-    return general + ", which may give a monitor that comes back another name";
+        return sentence(
+            "the Wayland compositor has no layer shell; cards are windows of its X server, which lie above older "
+            "windows, keep clicks to themselves and stay on one workspace");
+    return sentence(
+        "the Wayland compositor has no layer shell; cards are windows of its X server, which may give a monitor that "
+        "comes back another name");
 }
 
 void describe(const X11Display& display, xcb_window_t id, const SurfaceRequest& request, Keeper keeper,

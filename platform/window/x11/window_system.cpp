@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/language/sentence.h"
 #include "platform/window/x11/surface.h"
 
 namespace orvel {
@@ -28,7 +29,7 @@ public:
         if (whose_ == XServerOf::waylandCompositor) handlers_.notice(limitsInsideWayland(*display_, windowManager_));
         display_->serve(
             loop_, [this](const xcb_generic_event_t& event) { handle(event); },
-            [this] { handlers_.ended("the X server has gone away"); });
+            [this] { handlers_.ended(sentence("the X server has gone away")); });
     }
 
     std::vector<Output> outputs() const override {
