@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <clocale>
 
 #include "authoring/designs.h"
 #include "feeds/feeds.h"
 #include "model/widget_store.h"
 #include "platform/foundation/iso8601.h"
+#include "platform/ui/language.h"
 #include "tests/support/fakes.h"
 
 namespace orvel {
@@ -189,6 +191,25 @@ TEST_F(FeedOf, SaysSinceWhenThereIsNoNewsAndTakesItBack) {
     machine.files.fails = [](const std::string& call) { return call.starts_with("replace /state"); };
     EXPECT_NE(noNews(60), "");
     EXPECT_EQ(design().title, "disk") << "what can't be kept isn't replaced";
+}
+
+TEST_F(FeedOf, SaysThereIsNoNewsInTheLanguageOfTheMoment) {
+    ASSERT_EQ(update("primary=1\nsecondary=of 80"), "");
+    const Date since = machine.platform.clock.now();
+    // Each stands for another process: the library remembers what it has looked up until the locale changes.
+    const auto speak = [](const char* language) {
+        std::setlocale(LC_MESSAGES, "C");
+        useLanguage(language);
+    };
+    speak("de");
+    EXPECT_TRUE(sayNoNews(feed, since, machine.platform));
+    EXPECT_EQ(design().secondary, "nichts Neues seit 02:16");
+    speak("ja");
+    EXPECT_TRUE(sayNoNews(feed, since, machine.platform));
+    EXPECT_EQ(design().secondary, "02:16 以降更新なし");
+    speak("en");
+    EXPECT_EQ(update("primary=2"), "");
+    EXPECT_EQ(design().secondary, "of 80") << "whatever language the line is in";
 }
 
 }  // namespace
