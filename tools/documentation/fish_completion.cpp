@@ -5,7 +5,7 @@
 namespace orvel::tools {
 namespace {
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
     std::string result = "'";
     for (const char c : text) {
         if (c == '\'' || c == '\\') result += '\\';
@@ -16,7 +16,7 @@ std::string quoted(const std::string& text) {
 
 std::string proposal(const ArgumentOutline& argument) {
     switch (argument.values) {
-        case Values::words: return " -f -a " + quoted(joined(argument.words, " "));
+        case Values::words: return " -f -a " + inQuotes(joined(argument.words, " "));
         case Values::files: return " -F";
         case Values::ids: return " -f -a '(__orvel_ids)'";
         case Values::symbols: return " -f -a '(__orvel_symbols)'";
@@ -30,7 +30,7 @@ std::string proposal(const ArgumentOutline& argument) {
 // A line that holds at that command, and at that place after it when one is given.
 std::string rule(const CommandOutline& command, const std::string& place = {}) {
     const std::string test = "__orvel_at \"" + joined(command.path, " ") + "\"" + (place.empty() ? "" : " " + place);
-    return "complete -c orvel -n " + quoted(test);
+    return "complete -c orvel -n " + inQuotes(test);
 }
 
 std::string optionRule(const CommandOutline& command, const ArgumentOutline& option) {
@@ -38,13 +38,13 @@ std::string optionRule(const CommandOutline& command, const ArgumentOutline& opt
     for (const auto& name : option.names)
         line += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
     if (option.values != Values::none) line += " -r" + proposal(option);
-    return line + " -d " + quoted(option.help) + "\n";
+    return line + " -d " + inQuotes(option.help) + "\n";
 }
 
 std::string rules(const CommandOutline& command) {
     std::string text;
     for (const auto& subcommand : command.subcommands)
-        text += rule(command, "0") + " -f -a " + subcommand.path.back() + " -d " + quoted(subcommand.help) + "\n";
+        text += rule(command, "0") + " -f -a " + subcommand.path.back() + " -d " + inQuotes(subcommand.help) + "\n";
     for (std::size_t place = 0; place < command.positionals.size(); ++place) {
         const auto& positional = command.positionals[place];
         if (positional.values == Values::freeText) continue;
@@ -61,13 +61,13 @@ std::string arms(const std::vector<const CommandOutline*>& commands) {
     std::string options;
     for (const auto* const command : commands) {
         const std::string path = joined(command->path, " ");
-        if (command->path.size() > 1) subcommands += " " + quoted(path);
+        if (command->path.size() > 1) subcommands += " " + inQuotes(path);
         for (const auto& option : command->options)
             if (option.values != Values::none)
                 for (const auto& name : option.names) {
                     std::string words = path;
                     words.append(" ").append(name);
-                    options.append(" ").append(quoted(words));
+                    options.append(" ").append(inQuotes(words));
                 }
     }
     std::string text;

@@ -5,7 +5,7 @@
 namespace orvel::tools {
 namespace {
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
     std::string result = "'";
     for (const char c : text) result += c == '\'' ? "'\\''" : std::string(1, c);
     return result + "'";
@@ -50,14 +50,14 @@ std::string optionSpecs(const ArgumentOutline& option) {
         if (option.values != Values::none) spec += name.starts_with("--") ? "=" : "+";
         spec += "[" + escaped(option.help) + "]";
         if (option.values != Values::none) spec += ":" + escaped(option.placeholder) + ":" + action(option);
-        specs += " \\\n        " + quoted(spec);
+        specs += " \\\n        " + inQuotes(spec);
     }
     return specs;
 }
 
 std::string positionalSpec(const ArgumentOutline& positional) {
     const std::string place = positional.repeats ? "*" : positional.required ? "" : ":";
-    return " \\\n        " + quoted(place + ":" + escaped(positional.names.front()) + ":" + action(positional));
+    return " \\\n        " + inQuotes(place + ":" + escaped(positional.names.front()) + ":" + action(positional));
 }
 
 std::string arguments(const CommandOutline& command) {
@@ -72,7 +72,7 @@ std::string arguments(const CommandOutline& command) {
 std::string subcommandList(const CommandOutline& command) {
     std::string text = functionName(command) + "__commands() {\n    local -a commands=(\n";
     for (const auto& subcommand : command.subcommands)
-        text += "        " + quoted(escaped(subcommand.path.back()) + ":" + escaped(subcommand.help)) + "\n";
+        text += "        " + inQuotes(escaped(subcommand.path.back()) + ":" + escaped(subcommand.help)) + "\n";
     return text + "    )\n    _describe -t commands command commands\n}\n\n";
 }
 
