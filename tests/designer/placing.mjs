@@ -7,7 +7,8 @@ const dialog = (page) => byRole(page, 'dialog', 'Place on the desktop');
 // Two monitors, with the first place's card at the top left of the first one.
 async function withMonitors(page, act) {
   await page.route(/\/api\/desktop/, async (route) => {
-    const json = await (await route.fetch()).json();
+    // Again, if the server has just closed the connection that it was asked over.
+    const json = await (await route.fetch({ maxRetries: 5 })).json();
     const cards = json.places.length > 0 ? [{ place: 0, id: json.designs[0], x: 20, y: 20, width: 170, height: 170 }] : [];
     const monitor = { y: 0, width: 1200, height: 900 };
     json.monitors = [{ ...monitor, name: 'A', x: 0, isMain: true, cards }, { ...monitor, name: 'B', x: 1200, isMain: false, cards: [] }];
