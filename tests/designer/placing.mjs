@@ -18,6 +18,13 @@ async function withMonitors(page, act) {
   await page.unrouteAll({ behavior: 'wait' });
 }
 
+// An element that is just being drawn anew has no box.
+async function boxOf(element) {
+  let box;
+  await eventually('it has a place on the page', true, async () => (box = await element.boundingBox()) !== null);
+  return box;
+}
+
 export async function placing(page, { home, places, stored }) {
   const { id, title } = stored()[0];
   await edit(page, id);
@@ -68,8 +75,9 @@ export async function placing(page, { home, places, stored }) {
     const where = async () => places().map(({ anchor, output }) => [anchor, output]);
     await page.locator('.monitor').first().click({ position: { x: 5, y: 100 } });
     await eventually('in the ninth that was clicked', [['left', 'primary']], where);
-    const monitors = await page.locator('.monitor').all();
-    const [from, main, other] = await Promise.all([page.locator('.monitor img'), ...monitors].map((each) => each.boundingBox()));
+    const from = await boxOf(page.locator('.monitor img'));
+    const main = await boxOf(page.locator('.monitor').first());
+    const other = await boxOf(page.locator('.monitor').last());
     const drag = async (box, across, down) => {
       await page.mouse.move(from.x + from.width / 2, from.y + from.height / 2);
       await page.mouse.down();
