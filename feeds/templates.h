@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "feeds/feed.h"
-
 #include "platform/language/sentence.h"
 
 namespace orvel {

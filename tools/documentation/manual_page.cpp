@@ -26,8 +26,8 @@ constexpr const char* description[] = {
     "A card shows a small thing to keep an eye on, such as a number, a short list or the time until a date, on the "
     "desktop below the windows. What a card shows is a design. orvel keeps a person's designs, draws them, and shows "
     "them on the desktop.",
-    "A design is named by its id, by any beginning that only one id has, or by its position: @1 is the first one, "
-    "which the desktop shows while no design has a place (see orvel place).",
+    ("A design is named by its id, by any beginning that only one id has, or by its position: @1 is the first one, "
+     "which the desktop shows while no design has a place (see orvel place)."),
     "Commands that change the designs wait for one another, so concurrent ones are safe.",
 };
 

@@ -14,16 +14,6 @@
 namespace orvel::tools {
 namespace {
 
-std::vector<std::string> words(std::string_view text, char between) {
-    std::vector<std::string> result;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find(between, start), text.size());
-        result.emplace_back(text.substr(start, end - start));
-        start = end + 1;
-    }
-    return result;
-}
-
 void listTemplates(Console& console) {
     std::vector<std::vector<std::string>> rows{
         {sentence("TEMPLATE"), sentence("ARGUMENTS"), sentence("NEEDS"), sentence("SHOWS")}};
@@ -34,11 +24,9 @@ void listTemplates(Console& console) {
 }
 
 Outcome<const FeedTemplate*> findTemplate(const std::string& name) {
+    if (const FeedTemplate* const found = findFeedTemplate(name)) return found;
     std::vector<std::string_view> names;
-    for (const FeedTemplate& each : feedTemplates) {
-        if (each.name == name) return &each;
-        names.push_back(each.name);
-    }
+    for (const FeedTemplate& each : feedTemplates) names.push_back(each.name);
     std::string hint = didYouMean(name, names);
     if (hint.empty()) hint = sentence("orvel feed new lists them");
     return Failure{clauses(sentence("no template is called \"{0}\"", unicode::onOneLine(name)), hint),
@@ -46,12 +34,9 @@ Outcome<const FeedTemplate*> findTemplate(const std::string& name) {
 }
 
 Outcome<Done> checkArguments(const FeedTemplate& source, const std::vector<std::string>& given) {
-    const auto wanted = words(source.arguments, ' ');
-    const auto isNeeded = [](const std::string& word) { return !word.starts_with('['); };
-    const auto least = static_cast<std::size_t>(std::count_if(wanted.begin(), wanted.end(), isNeeded));
-    if (given.size() >= least) return Done{};
-    const std::string name(source.name);
-    return Failure{sentence("{0} needs {1}: orvel feed new {0} {1}", name, source.arguments), Failure::Cause::request};
+    if (given.size() >= neededArguments(source)) return Done{};
+    return Failure{sentence("{0} needs {1}: orvel feed new {0} {1}", std::string(source.name), source.arguments),
+                   Failure::Cause::request};
 }
 
 Feed feedOf(const FeedTemplate& source, const NewFeed& wanted) {
