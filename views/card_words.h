@@ -16,7 +16,7 @@ namespace orvel {
 struct CardWords {
     std::optional<std::string> headline = {};
     std::optional<std::int64_t> percent = {};
-    std::string title;  ///< as the design has it; the card shows it in capitals
+    std::string title;  ///< as the design has it; a card may show it in capitals
     std::optional<std::string> secondary = {};
     std::vector<std::string> rows = {};
 };

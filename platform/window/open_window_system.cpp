@@ -3,8 +3,8 @@
 #include <sys/socket.h>
 
 #include <cerrno>
+#include <cstring>
 #include <optional>
-#include <system_error>
 
 #include "platform/foundation/descriptor.h"
 #include "platform/language/sentence.h"
@@ -18,7 +18,7 @@ namespace {
 std::optional<NoDisplay> whyUnconnected() {
     const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (socket) return std::nullopt;
-    return NoDisplay{sentence("can't connect to a display: {0}", std::generic_category().message(errno))};
+    return NoDisplay{sentence("can't connect to a display: {0}", std::strerror(errno))};
 }
 
 }  // namespace

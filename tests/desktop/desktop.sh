@@ -145,7 +145,7 @@ hasKnownColours() {
   convert "$work/shot.ppm" -depth 8 -format %c histogram:info: | grep -q '#FF453A' || fail "nothing on the card has the accent colour"
 }
 
-showsEveryKind() {
+showsSeveralKinds() {
   local each
   for each in metric countdown list note empty; do become "$each" put "$each"; done
 }
@@ -178,7 +178,7 @@ startsAndFollowsTheStore() {
   start
   shows empty
   hasKnownColours
-  showsEveryKind
+  showsSeveralKinds
   step "the store changes"
   become renamed put renamed
   become written inPlace written

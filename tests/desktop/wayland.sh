@@ -52,7 +52,7 @@ swaymsg -q output HEADLESS-1 scale 2
 screen=(2 640 480)
 become metric put metric
 hasKnownColours
-showsEveryKind
+showsSeveralKinds
 swaymsg -q output HEADLESS-1 scale 1.5
 looksRight() {
   takePicture 2> /dev/null && [ "$(colour 480 200)" = "srgb(22,22,25)" ] && [ "$(colour 340 30)" = "$desktop" ] &&

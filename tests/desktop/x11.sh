@@ -40,7 +40,7 @@ become metric put metric
 hasKnownColours
 dpi 192
 screen=(2 640 480 cut)
-showsEveryKind
+showsSeveralKinds
 endsWhenAsked
 
 step "started at a scale"
