@@ -20,6 +20,7 @@
 #include "desktop/places.h"
 #include "model/store_files.h"
 #include "platform/events/path_watch.h"
+#include "platform/events/resident_pages.h"
 #include "platform/events/timer.h"
 #include "platform/host/session_launch.h"
 
@@ -37,6 +38,9 @@ constexpr auto afterClosed = 3s;
 constexpr auto afterLost = 10s;
 constexpr auto afterDropped = 12h;
 constexpr auto untilDropped = 5min;
+
+// After the last question; nobody types then.
+constexpr auto untilRest = 1s;
 
 // Ends the loop when no page needs it any more.
 class Waiting {
@@ -144,6 +148,7 @@ Outcome<Done> serve(const SoleDesigner& sole, const Choices& choices, const std:
     Waiting waiting(loop);
     std::unique_ptr<HttpServer> server;
     std::optional<DelayTimer> keeping;
+    DelayTimer resting(loop, releaseProgramPages);
     FeedDesk feeds(
         loop, [&] { server->send("feeds", "changed"); }, platform);
     Service service(*std::move(pictures), feeds,
@@ -158,6 +163,7 @@ Outcome<Done> serve(const SoleDesigner& sole, const Choices& choices, const std:
                            {[&](const HttpRequest& request) { return service.access.refuse(request, service.port); },
                             [&](const HttpRequest& request) {
                                 waiting.asked();
+                                resting.set(untilRest);
                                 return service.answer(request);
                             },
                             [&](std::size_t pages) { waiting.pagesChanged(pages); }});
