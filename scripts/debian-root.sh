@@ -38,10 +38,10 @@ inside() {
 # PACKAGE…: installs Debian's packages in the root.
 installInside() { inside apt-get -q install -y --no-install-recommends "$@" > /dev/null; }
 
-# Copies the working tree, with the symbols' fonts, into the root's folder /orvel.
+# Copies the working tree, with the symbols' fonts, into the root's folder /source.
 copyTree() {
   scripts/setup > /dev/null
-  mkdir -p "$root/orvel"
+  mkdir -p "$root/source"
   { git ls-files -z --cached --others --exclude-standard; printf 'node_modules\0'; } |
-    tar -c --null --files-from=- --ignore-failed-read | tar -x -C "$root/orvel"
+    tar -c --null --files-from=- --ignore-failed-read | tar -x -C "$root/source"
 }

@@ -10,6 +10,9 @@ import sys
 import tempfile
 
 build = pathlib.Path(sys.argv[1]).resolve()
+# Newer versions of gettext translate nothing in C.UTF-8; older systems may have no other locale.
+LOCALES = subprocess.run(["locale", "-a"], stdout=subprocess.PIPE, text=True, check=True).stdout.split()
+LOCALE = "en_US.UTF-8" if "en_US.utf8" in LOCALES else "C.UTF-8"
 ENGLISH, GERMAN, FRENCH, ARABIC, JAPANESE = "", "de", "fr", "ar", "ja"
 
 DESIGN = '{"id":"%s","title":"%s","kind":"note","accentHex":"#FFFFFF","symbol":"flag.fill","primary":"x","createdAt":0}'
@@ -58,7 +61,7 @@ def main():
                            "ASAN_OPTIONS": "verify_asan_link_order=0", "HOME": folder}
 
         def run(language, arguments):
-            chosen = {"LC_ALL": "C.UTF-8", "LANGUAGE": language} if language else {"LC_ALL": "C"}
+            chosen = {"LC_ALL": LOCALE, "LANGUAGE": language} if language else {"LC_ALL": "C"}
             return subprocess.run([build / "orvel", *arguments], env=wrapped | chosen, cwd=home, text=True,
                                   encoding="utf-8", stdin=subprocess.DEVNULL, capture_output=True, check=False)
 

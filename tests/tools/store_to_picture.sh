@@ -27,7 +27,10 @@ wrapped "$orvel" render -o empty.png
 wrapped "$orvel" inspect | grep -q '"text":"Design one in Orvel"' || fail "no invitation"
 
 # Catalogues are found beside the program.
-german() { LC_ALL=C.UTF-8 LANGUAGE=de wrapped "$@"; }
+# Newer versions of gettext translate nothing in C.UTF-8; older systems may have no other locale.
+locale=C.UTF-8
+case $(locale -a) in *en_US.utf8*) locale=en_US.UTF-8 ;; esac
+german() { LC_ALL=$locale LANGUAGE=de wrapped "$@"; }
 german "$orvel" inspect | grep -q '"text":"Gestalten Sie eines in Orvel"' || fail "the catalogue isn't used"
 
 [ "$(LC_ALL=C wrapped "$orvel" inspect --lang de)" = "$(german "$orvel" inspect)" ] || fail "--lang isn't followed"
