@@ -113,6 +113,7 @@ std::string unknownCommand(const CLI::App& app, const std::string& word) {
 std::shared_ptr<CLI::FormatterBase> helpFormatter() {
     auto formatter = std::make_shared<HelpFormatter>();
     formatter->label("Positionals", sentence("Positionals"));
+    formatter->label("POSITIONALS", sentence("Positionals"));  // as newer versions of CLI11 call it
     formatter->label("REQUIRED", sentence("REQUIRED"));
     return formatter;
 }
