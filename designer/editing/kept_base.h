@@ -12,7 +12,7 @@ namespace orvel::designer {
 /// Absent when none is kept, or one of another id.
 std::optional<WidgetSpec> readBase(const WidgetSpec& pending, const Platform& platform);
 
-/// Absent forgets it. What can't be written is only asked about once more than needed.
+/// Absent forgets it. If it can't be written, the page may later ask about a change that was already taken over.
 void keepBase(const std::optional<WidgetSpec>& base, const Platform& platform);
 
 }  // namespace orvel::designer
